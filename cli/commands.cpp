@@ -1,0 +1,110 @@
+#include "cli/commands.h"
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <new>
+#include <ostream>
+
+#include "common/column_printer.h"
+#include "common/file_error.h"
+#include "common/file_io.h"
+#include "project/project_reader.h"
+#include "project/project_writer.h"
+
+namespace marloven::cli {
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: marloven-cli [--install DIR] <command> ...\n"
+    "\n"
+    "  --install DIR        the installation tree to work in (default: the current directory)\n"
+    "\n"
+    "commands:\n"
+    "  inp normalize IN OUT  read a project file and write it back as a save would\n";
+
+struct Context {
+  std::string installDir = ".";
+  std::ostream& out;
+  std::ostream& err;
+};
+
+// Commands that write scratch files need an installation tree.
+void requireInstallation(const Context& c) {
+  if (!std::filesystem::is_directory(std::filesystem::path(c.installDir) / "temp"))
+    throw FileError(err::kPathNotFound, c.installDir + " has no temp directory");
+}
+
+// Reads IN into the model (with its scratch files and sketch written in the
+// installation) and writes it back: the file's own seed, weeks per month and
+// units marker, then the project as it stands.
+int normalize(Context& c, const std::vector<std::string>& a) {
+  if (a.size() != 2) {
+    c.err << "inp normalize: expected IN and OUT\n" << kUsage;
+    return 2;
+  }
+  requireInstallation(c);
+  Project p;
+  loadProjectFile(c.installDir, a[0], p);
+  ColumnPrinter printer;
+  printHeader(printer, p.seed, p.weeksPerMonth, p.units);
+  writeProjectStraight(printer, p, readSketchLines(c.installDir));
+  writeFileAtomic(a[1], printer.str());
+  return 0;
+}
+
+// The error report as one line: title, message and what failed.
+void report(std::ostream& err, int number, const std::string& detail) {
+  err << errorTitle(number) << ": " << errorMessage(number);
+  if (!detail.empty()) err << " (" << detail << ")";
+  err << "\n";
+}
+
+using Command = std::function<int(Context&, const std::vector<std::string>&)>;
+
+const std::map<std::string, Command>& commands() {
+  static const std::map<std::string, Command> table = {{"inp normalize", normalize}};
+  return table;
+}
+
+}  // namespace
+
+int run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+  Context c{".", out, err};
+  std::size_t i = 0;
+  while (i < args.size() && args[i].rfind("--", 0) == 0) {
+    if (args[i] == "--help") {
+      out << kUsage;
+      return 0;
+    }
+    if (args[i] == "--install" && i + 1 < args.size()) {
+      c.installDir = args[i + 1];
+      i += 2;
+      continue;
+    }
+    err << "unknown or incomplete option " << args[i] << "\n" << kUsage;
+    return 2;
+  }
+  if (i + 2 > args.size()) {
+    err << kUsage;
+    return 2;
+  }
+  const auto found = commands().find(args[i] + " " + args[i + 1]);
+  if (found == commands().end()) {
+    err << "unknown command: " << args[i] << " " << args[i + 1] << "\n" << kUsage;
+    return 2;
+  }
+  try {
+    return found->second(c, std::vector<std::string>(args.begin() + static_cast<long>(i) + 2, args.end()));
+  } catch (const FileError& e) {
+    report(err, e.number(), e.detail());
+  } catch (const std::bad_alloc&) {
+    report(err, err::kOutOfMemory, {});
+  } catch (const std::filesystem::filesystem_error& e) {
+    report(err, errorNumberFromErrno(e.code().value()), e.what());
+  }
+  return 1;
+}
+
+}  // namespace marloven::cli
