@@ -27,8 +27,8 @@ ColumnPrinter& ColumnPrinter::tab(int n) {
 }
 
 ColumnPrinter& ColumnPrinter::zone() {
-  if (column_ == 1) return *this;
-  // A column already at a zone start still moves on to the next zone.
+  // A column already at a zone start, the line's first included, still moves
+  // on to the next zone, as a leading comma of a print list does.
   const int next = ((column_ - 1) / kZoneWidth + 1) * kZoneWidth + 1;
   return tab(next);
 }

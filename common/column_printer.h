@@ -25,8 +25,8 @@ class ColumnPrinter {
   // n: the line ends and the new line is filled with blanks up to column n.
   // n below 1 counts as 1.
   ColumnPrinter& tab(int n);
-  // Moves to the start of the next print zone (columns 1, 15, 29, ...); at the
-  // start of a line this stays put.
+  // Moves to the start of the next print zone (columns 15, 29, 43, ...), also
+  // from the start of a line or of a zone.
   ColumnPrinter& zone();
   // Ends the line with CR LF.
   ColumnPrinter& endLine();

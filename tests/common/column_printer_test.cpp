@@ -28,15 +28,16 @@ TEST(ColumnPrinterTest, TabRules) {
 
 TEST(ColumnPrinterTest, Zones) {
   ColumnPrinter p;
-  p.zone();
-  EXPECT_EQ(p.column(), 1);
+  p.zone();  // a leading zone move leaves the first zone empty
+  EXPECT_EQ(p.column(), 15);
+  p.endLine();
   p.text("a").zone();
   EXPECT_EQ(p.column(), 15);
   p.text(std::string(13, 'b')).zone();  // column 28 -> 29
   EXPECT_EQ(p.column(), 29);
   p.zone();  // at a zone start: the next one
   EXPECT_EQ(p.column(), 43);
-  EXPECT_EQ(p.str(), "a" + std::string(13, ' ') + std::string(13, 'b') + " " +
+  EXPECT_EQ(p.str(), std::string(14, ' ') + "\r\n" + "a" + std::string(13, ' ') + std::string(13, 'b') + " " +
                          std::string(14, ' '));
 }
 
