@@ -24,6 +24,9 @@ cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build "$build"
 
 if [ "$mode" = test ]; then
+  # The core and the command line must build without the toolkit.
+  cmake -G Ninja -S . -B build-core -DMARLOVEN_GUI=OFF -DMARLOVEN_TESTS=OFF >/dev/null
+  cmake --build build-core
   # One test writes project files under a comma-decimal locale; make one if we may.
   if ! locale -a 2>/dev/null | grep -qi '^de_DE\.utf-\?8$'; then
     as_root localedef -i de_DE -f UTF-8 de_DE.UTF-8 2>/dev/null || echo "note: no de_DE.UTF-8 locale; that test is skipped"

@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "common/file_error.h"
@@ -14,11 +14,11 @@
 namespace marloven {
 namespace {
 
-namespace fs = std::filesystem;
-
-int errorOf(void (*f)(const std::string&), const std::string& path) {
+// The error number reading or writing a path raises, 0 for none; the path is
+// always the detail.
+int errorOf(bool write, const std::string& path) {
   try {
-    f(path);
+    write ? writeFileAtomic(path, "data") : static_cast<void>(readFile(path));
   } catch (const FileError& e) {
     EXPECT_EQ(e.detail(), path);
     return e.number();
@@ -26,47 +26,33 @@ int errorOf(void (*f)(const std::string&), const std::string& path) {
   return 0;
 }
 
-void readIt(const std::string& path) { readFile(path); }
-void writeIt(const std::string& path) { writeFileAtomic(path, "data"); }
-
-TEST(FileIoTest, WritesAndReadsBytesUnchanged) {
+TEST(FileIoTest, WritesBytesUnchangedAndReplacingLeavesOnlyTheTarget) {
   testing::TempInstall t;
-  const std::string path = t.path("temp/bytes.dat").string();
+  const std::string path = t.path("temp/f.dat").string();
   const std::string bytes("a\r\nb\0c\x80\xff\x1a\n", 11);
   writeFileAtomic(path, bytes);
   EXPECT_EQ(readFile(path), bytes);
+  ::chmod(path.c_str(), 0640);
   writeFileAtomic(path, "");
   EXPECT_EQ(readFile(path), "");
+  EXPECT_EQ(t.files(), std::vector<std::string>{"temp/f.dat"});
   EXPECT_TRUE(fileExists(path));
-}
-
-TEST(FileIoTest, ReplacingLeavesOnlyTheTarget) {
-  testing::TempInstall t;
-  const std::string path = t.path("temp/f.txt").string();
-  writeFileAtomic(path, "old");
-  ::chmod(path.c_str(), 0640);
-  writeFileAtomic(path, "new contents");
-  EXPECT_EQ(readFile(path), "new contents");
-  EXPECT_EQ(t.files(), std::vector<std::string>{"temp/f.txt"});
+  EXPECT_FALSE(fileExists(t.path("temp/b").string()));
+  EXPECT_FALSE(fileExists(t.path("temp").string()));  // a folder is no file
   struct stat st {};
   ASSERT_EQ(::stat(path.c_str(), &st), 0);
   EXPECT_EQ(st.st_mode & 0777, 0640u);  // the replaced file's permissions stay
 }
 
-TEST(FileIoTest, ReadErrors) {
+TEST(FileIoTest, ErrorsLeaveNoTemporary) {
   testing::TempInstall t;
-  EXPECT_EQ(errorOf(readIt, t.path("temp/missing.dat").string()), 53);
-  EXPECT_EQ(errorOf(readIt, t.path("nofolder/x.dat").string()), 53);
-  EXPECT_EQ(errorOf(readIt, t.dir()), 75);  // a folder
   t.write("temp/plain", "x");
-  EXPECT_EQ(errorOf(readIt, t.path("temp/plain/x").string()), 76);
-}
-
-TEST(FileIoTest, WriteErrorsLeaveNoTemporary) {
-  testing::TempInstall t;
-  EXPECT_EQ(errorOf(writeIt, t.path("nofolder/x.dat").string()), 53);
-  EXPECT_EQ(errorOf(writeIt, t.path("temp").string()), 75);  // a folder
-  EXPECT_TRUE(t.files().empty());
+  const std::vector<std::tuple<bool, const char*, int>> cases = {  // write?, path, error
+      {false, "temp/missing.dat", 53}, {false, "nofolder/x.dat", 53}, {false, "temp", 75},
+      {false, "temp/plain/x", 76},     {true, "nofolder/x.dat", 53},  {true, "temp", 75}};
+  for (const auto& [write, sub, error] : cases)
+    EXPECT_EQ(errorOf(write, t.path(sub).string()), error) << sub << " write " << write;
+  EXPECT_EQ(t.files(), std::vector<std::string>{"temp/plain"});
 }
 
 TEST(FileIoTest, WriteToReadOnlyFolderIs70) {
@@ -74,30 +60,16 @@ TEST(FileIoTest, WriteToReadOnlyFolderIs70) {
   if (::geteuid() == 0) GTEST_SKIP() << "permissions do not apply to root";
   const auto locked = t.path("sample");
   ::chmod(locked.c_str(), 0555);
-  EXPECT_EQ(errorOf(writeIt, (locked / "x.dat").string()), 70);
+  EXPECT_EQ(errorOf(true, (locked / "x.dat").string()), 70);
   ::chmod(locked.c_str(), 0755);
   EXPECT_TRUE(t.files().empty());
 }
 
-TEST(FileIoTest, FileExists) {
-  testing::TempInstall t;
-  t.write("temp/a", "x");
-  EXPECT_TRUE(fileExists(t.path("temp/a").string()));
-  EXPECT_FALSE(fileExists(t.path("temp/b").string()));
-  EXPECT_FALSE(fileExists(t.path("temp").string()));  // a folder is no file
-}
-
-TEST(JoinPathTest, Table) {
-  const std::vector<std::vector<std::string>> cases = {
-      {"a", "b", "a/b"},
-      {"a/", "b", "a/b"},
-      {"/", "b", "/b"},
-      {"/x/y", "z.dat", "/x/y/z.dat"},
-      {"", "b", "b"},  // empty base: the current folder
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(joinPath(c[0], c[1]), c[2]) << "\"" << c[0] << "\" + \"" << c[1] << "\"";
-  }
+TEST(JoinPathTest, SlashOnlyWhenMissing) {
+  EXPECT_EQ(joinPath("a", "b"), "a/b");
+  EXPECT_EQ(joinPath("a/", "b"), "a/b");
+  EXPECT_EQ(joinPath("/", "b"), "/b");
+  EXPECT_EQ(joinPath("", "b"), "b");  // empty base: the current folder
 }
 
 }  // namespace

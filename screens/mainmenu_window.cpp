@@ -1,0 +1,197 @@
+#include "screens/mainmenu_window.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "screens/text_codec.h"
+
+namespace marloven::screens {
+
+namespace {
+
+// A lone "&" before a blank ("Heating & Cooling") is meant literally; Qt would
+// take it as an access key marker.
+QString menuText(const std::string& caption) {
+  QString s = fromBytes(caption);
+  s.replace("& ", "&& ");
+  return s;
+}
+
+// Standard icons that come in 32 pixels or more, so the captions line up.
+constexpr std::array<QStyle::StandardPixmap, kMainMenuSteps + 1> kStepIcons = {
+    QStyle::SP_CustomBase,         QStyle::SP_FileDialogInfoView,
+    QStyle::SP_DialogOpenButton,   QStyle::SP_FileDialogDetailedView,
+    QStyle::SP_DialogResetButton,  QStyle::SP_FileDialogListView,
+    QStyle::SP_MediaPlay};
+
+QToolButton* iconButton(const QString& text, QStyle::StandardPixmap icon, int iconSize,
+                        QWidget* parent) {
+  auto* b = new QToolButton(parent);
+  b->setText(text);
+  b->setIcon(parent->style()->standardIcon(icon));
+  b->setIconSize(QSize(iconSize, iconSize));
+  b->setAutoRaise(true);
+  return b;
+}
+
+}  // namespace
+
+MainMenuWindow::MainMenuWindow(AppState& state, Prompt& prompt, QWidget* parent)
+    : QMainWindow(parent), logic_(state, prompt) {
+  setObjectName("mainmenu");
+  buildMenus();
+  setCentralWidget(buildSteps());
+  wireCommands();
+  resize(sizeHint().expandedTo(QSize(560, 0)));
+}
+
+void MainMenuWindow::buildMenus() {
+  for (const MenuSpec& spec : mainMenuBar()) {
+    QMenu* m = menuBar()->addMenu(menuText(spec.caption));
+    menus_[spec.id] = m;
+    for (const MenuEntry& e : spec.entries) {
+      switch (e.kind) {
+        case MenuEntry::Kind::Separator: m->addSeparator(); break;
+        case MenuEntry::Kind::Item:
+          actions_[{e.command, e.index}] = m->addAction(menuText(e.caption));
+          break;
+        case MenuEntry::Kind::Submenu: {
+          QMenu* sub = m->addMenu(menuText(e.caption));
+          actions_[{e.command, e.index}] = sub->menuAction();
+          for (const MenuEntry& c : e.children)
+            actions_[{c.command, c.index}] = sub->addAction(menuText(c.caption));
+          break;
+        }
+      }
+    }
+  }
+}
+
+QWidget* MainMenuWindow::buildSteps() {
+  auto* central = new QWidget(this);
+
+  auto* panel = new QFrame(central);
+  panel->setFrameShape(QFrame::StyledPanel);
+  auto* stepsLayout = new QVBoxLayout(panel);
+  stepsLayout->setContentsMargins(16, 12, 16, 12);
+  auto* heading = new QLabel(tr("Input Steps"), panel);
+  QFont hf = heading->font();
+  hf.setBold(true);
+  heading->setFont(hf);
+  stepsLayout->addWidget(heading);
+  for (int i = 1; i <= kMainMenuSteps; ++i) {
+    // One button holds label and icon, so a click on either does the same.
+    QToolButton* b = iconButton(kStepCaptions[i], kStepIcons[i], 32, panel);
+    b->setObjectName(QString("step%1").arg(i));
+    b->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    QFont f = b->font();
+    f.setPointSizeF(f.pointSizeF() * 1.25);
+    b->setFont(f);
+    connect(b, &QToolButton::clicked, this, [this, i] {
+      if (stepHandlers_[i]) stepHandlers_[i]();
+    });
+    steps_[i] = b;
+    stepsLayout->addWidget(b, 0, Qt::AlignLeft);
+  }
+
+  sample_ = iconButton(tr("Sample Projects"), QStyle::SP_DirIcon, 40, central);
+  sample_->setObjectName("Picture1");
+  previousOutput_ = iconButton(tr("Previous Output"), QStyle::SP_FileDialogContentsView, 40, central);
+  previousOutput_->setObjectName("Picture2");
+  for (QToolButton* b : {sample_, previousOutput_}) b->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  auto* side = new QVBoxLayout;
+  side->addWidget(sample_);
+  side->addWidget(previousOutput_);
+  side->addStretch(1);
+
+  auto* layout = new QHBoxLayout(central);
+  layout->setContentsMargins(16, 16, 16, 16);
+  layout->addWidget(panel, 1);
+  layout->addLayout(side);
+  return central;
+}
+
+void MainMenuWindow::wireCommands() {
+  handlers_[{Command::Exit, 0}] = [this] { exitProgram(); };
+  // Later screens add their handlers here and to stepHandlers_.
+
+  for (auto& [key, act] : actions_) {
+    // Submenu headings open their items; they need no handler of their own.
+    if (act->menu() != nullptr) continue;
+    const auto h = handlers_.find(key);
+    act->setEnabled(h != handlers_.end());
+    if (h != handlers_.end()) connect(act, &QAction::triggered, this, h->second);
+  }
+  sample_->setEnabled(false);
+  const auto view12 = handlers_.find({Command::View, 12});
+  previousOutput_->setEnabled(view12 != handlers_.end());
+  if (view12 != handlers_.end()) connect(previousOutput_, &QToolButton::clicked, this, view12->second);
+}
+
+QToolButton* MainMenuWindow::stepButton(int step) const {
+  return step >= 1 && step <= kMainMenuSteps ? steps_[step] : nullptr;
+}
+
+QAction* MainMenuWindow::action(Command command, int index) const {
+  const auto it = actions_.find({command, index});
+  return it == actions_.end() ? nullptr : it->second;
+}
+
+QMenu* MainMenuWindow::menu(MenuId id) const {
+  const auto it = menus_.find(id);
+  return it == menus_.end() ? nullptr : it->second;
+}
+
+void MainMenuWindow::refresh() {
+  logic_.activated();
+  setWindowTitle(fromBytes(logic_.caption()));
+  for (int i = 1; i <= kMainMenuSteps; ++i) steps_[i]->setEnabled(logic_.stepEnabled(i));
+  for (auto& [id, m] : menus_) m->menuAction()->setEnabled(logic_.menuEnabled(id));
+}
+
+void MainMenuWindow::showEvent(QShowEvent* event) {
+  // Centred each time it appears, but not on every activation: a window the
+  // user moved must not jump when they switch back from another program.
+  refresh();
+  centreOnScreen();
+  QMainWindow::showEvent(event);
+}
+
+void MainMenuWindow::changeEvent(QEvent* event) {
+  // Coming back from another screen of the program.
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) refresh();
+  QMainWindow::changeEvent(event);
+}
+
+void MainMenuWindow::centreOnScreen() {
+  const QScreen* s = screen();
+  if (s == nullptr) return;
+  QRect frame = frameGeometry();
+  frame.moveCenter(s->availableGeometry().center());
+  move(frame.topLeft());
+}
+
+void MainMenuWindow::exitProgram() {
+  // The one way out; the close box comes here too.
+  if (exiting_) return;
+  exiting_ = true;
+  logic_.exit();
+  hide();
+  emit programEnds();
+}
+
+void MainMenuWindow::closeEvent(QCloseEvent* event) {
+  exitProgram();
+  event->accept();
+}
+
+}  // namespace marloven::screens

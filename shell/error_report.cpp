@@ -1,0 +1,9 @@
+#include "shell/error_report.h"
+
+namespace marloven {
+
+void reportError(Prompt& prompt, int number) {
+  prompt.message(Icon::Exclamation, errorTitle(number), errorMessage(number));
+}
+
+}  // namespace marloven
