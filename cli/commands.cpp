@@ -22,7 +22,9 @@ constexpr const char* kUsage =
     "  --install DIR        the installation tree to work in (default: the current directory)\n"
     "\n"
     "commands:\n"
-    "  inp normalize IN OUT  read a project file and write it back as a save would\n";
+    "  inp normalize IN OUT  read a project file and write it back as a save would\n"
+    "  inp convert --to ip|si IN OUT\n"
+    "                        read a project file and write it in the other unit system\n";
 
 struct Context {
   std::string installDir = ".";
@@ -61,10 +63,31 @@ void report(std::ostream& err, int number, const std::string& detail) {
   err << "\n";
 }
 
+// Reads IN and writes it with the units marker of the target system: through
+// the converting writer when the file is in the other system, straight (as a
+// save in the same system is) when it already is in the target system.
+int convert(Context& c, const std::vector<std::string>& a) {
+  if (a.size() != 4 || a[0] != "--to" || (a[1] != "ip" && a[1] != "si")) {
+    c.err << "inp convert: expected --to ip|si IN OUT\n" << kUsage;
+    return 2;
+  }
+  requireInstallation(c);
+  const UnitSystem target = a[1] == "ip" ? UnitSystem::IP : UnitSystem::SI;
+  Project p;
+  loadProjectFile(c.installDir, a[2], p);
+  const Conversion conversion =
+      p.units == target ? Conversion::None : (target == UnitSystem::IP ? Conversion::ToIP : Conversion::ToSI);
+  ColumnPrinter printer;
+  printHeader(printer, p.seed, p.weeksPerMonth, target);
+  writeProject(printer, p, readSketchLines(c.installDir), conversion);
+  writeFileAtomic(a[3], printer.str());
+  return 0;
+}
+
 using Command = std::function<int(Context&, const std::vector<std::string>&)>;
 
 const std::map<std::string, Command>& commands() {
-  static const std::map<std::string, Command> table = {{"inp normalize", normalize}};
+  static const std::map<std::string, Command> table = {{"inp normalize", normalize}, {"inp convert", convert}};
   return table;
 }
 

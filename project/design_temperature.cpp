@@ -47,6 +47,26 @@ void parseWeatherLines(Project& p) {
   }
 }
 
+void weatherToSI(Project& p) {
+  WeatherSummary& w = p.weather;
+  w.elevation = static_cast<float>(std::floor(w.elevation * 0.3048 + 0.5));
+  for (int tag = 1; tag <= 8; ++tag) {
+    const auto values = splitBlanks(fromColumn(w.lines[tag + 3], 9), 12);
+    for (int m = 1; m <= 12; ++m) {
+      const std::size_t i = static_cast<std::size_t>(m - 1);
+      const double v = i < values.size() ? leadingNumber(values[i]) : 0.0;
+      double si;
+      switch (tag) {
+        case kDbAve: case kDbMax: case kDpAve: si = (v - 32.0) / 1.8; break;
+        case kAveStd: case kMaxStd: case kDpStd: si = v / 1.8; break;
+        case kSolar: si = std::floor(v * 11.3565295); break;
+        default: si = roundTenth(v * 0.44704);
+      }
+      w.months[tag][m] = padded(static_cast<float>(si));
+    }
+  }
+}
+
 float saturationPressure(float t) {
   double result;
   if (t <= 85.0f) {

@@ -13,6 +13,11 @@ namespace marloven {
 // 4..11. Values of a project in SI are converted to I-P first.
 void parseWeatherLines(Project& p);
 
+// Overwrites the month tables and the elevation with SI values made from the
+// weather lines as held (which are I-P when this is called: the writer to SI
+// runs while working in I-P).
+void weatherToSI(Project& p);
+
 // Saturation pressure over water, inches of mercury, for a temperature in F.
 // Never below 0.0001.
 float saturationPressure(float t);
