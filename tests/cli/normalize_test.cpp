@@ -104,5 +104,38 @@ TEST(Normalize, TheProgramItselfRunsInTheCurrentDirectoryByDefault) {
   EXPECT_FALSE(inst.exists("x.inp"));
 }
 
+TEST(Convert, WritesTheOtherSystemWithItsMarker) {
+  TempInstall inst;
+  inst.write("in.inp", fixture("full_project.inp"));
+  const std::string in = inst.path("in.inp").string(), si = inst.path("si.inp").string(),
+                    ip = inst.path("ip.inp").string(), same = inst.path("same.inp").string();
+  ASSERT_EQ(runCli({"--install", inst.dir(), "inp", "convert", "--to", "si", in, si}).status, 0);
+  ASSERT_EQ(runCli({"--install", inst.dir(), "inp", "convert", "--to", "ip", si, ip}).status, 0);
+  const auto siLines = splitLines(inst.read("si.inp")), ipLines = splitLines(inst.read("ip.inp"));
+  EXPECT_EQ(siLines[0], "MARLOVEN   .7055475  4  SI");
+  EXPECT_NE(indexOf(siLines, "FloorArea   1338"), -1);
+  EXPECT_EQ(ipLines[0], "MARLOVEN   .7055475  4  IP");
+  EXPECT_NE(indexOf(ipLines, "FloorArea   14402.1"), -1);
+  // Already in the target system: written as a save in that system would be.
+  ASSERT_EQ(runCli({"--install", inst.dir(), "inp", "convert", "--to", "si", si, same}).status, 0);
+  const auto sameLines = splitLines(inst.read("same.inp"));
+  EXPECT_NE(indexOf(sameLines, "FloorArea   1338"), -1);
+}
+
+TEST(Convert, BadFilesAndBadTargets) {
+  TempInstall inst;
+  inst.write("bad.inp", "MARLOVEN   .5  4  IP\r\nonly a header\r\n");
+  inst.write("out.inp", "keep\r\n");
+  const Result bad = runCli({"--install", inst.dir(), "inp", "convert", "--to", "si",
+                             inst.path("bad.inp").string(), inst.path("out.inp").string()});
+  EXPECT_EQ(bad.status, 1);
+  EXPECT_EQ(bad.err.rfind("Marloven Error #  62: MARLOVEN is unable to open your input file", 0), 0u) << bad.err;
+  EXPECT_EQ(inst.read("out.inp"), "keep\r\n");
+  for (const std::vector<std::string>& args : {std::vector<std::string>{"inp", "convert", "--to", "cgs", "a", "b"},
+                                              {"inp", "convert", "a", "b"},
+                                              {"inp", "convert", "--to", "si", "a"}})
+    EXPECT_EQ(runCli(args).status, 2);
+}
+
 }  // namespace
 }  // namespace marloven::testing
