@@ -103,6 +103,15 @@ TEST(UnitConversion, WriterToSiConvertsEveryFieldOfTheTable) {
   for (int i = 7; i < 91; ++i) EXPECT_EQ(si[m + i], in[n + i]) << "sketch line " << i;
 }
 
+TEST(UnitConversion, OutsideAirOfKindPaIsLeftAsItIs) {
+  auto lines = fixtureLines("full_project.inp");
+  lines[indexOf(lines, "OA CFM    15")] = "OA CFM    PA300";
+  for (Conversion c : {Conversion::ToSI, Conversion::ToIP}) {
+    const auto out = splitLines(convertFile(joinCrlf(lines), c));
+    EXPECT_EQ(lineStarting(out, "OA CFM    ", 1), "OA CFM    PA300");
+  }
+}
+
 TEST(UnitConversion, WriterToSiReplacesTypedDesignTemperatures) {
   auto lines = fixtureLines("full_project.inp");
   lines[indexOf(lines, "ECONOMICS") - 1] = "DesTemps  100 80 50";
