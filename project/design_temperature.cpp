@@ -26,6 +26,17 @@ double toIp(int tag, double v) {
 
 double month(const Project& p, int tag, int m) { return leadingNumber(p.weather.months[tag][m]); }
 
+// Fills the month table of one weather row (tag 1..8) from its line as held,
+// each value mapped; missing values read as 0.
+template <typename Map>
+void fillMonths(WeatherSummary& w, int tag, Map map) {
+  const auto values = splitBlanks(fromColumn(w.lines[tag + 3], 9), 12);
+  for (std::size_t i = 0; i < 12; ++i) {
+    const double v = i < values.size() ? leadingNumber(values[i]) : 0.0;
+    w.months[tag][i + 1] = padded(static_cast<float>(map(v)));
+  }
+}
+
 }  // namespace
 
 void parseWeatherLines(Project& p) {
@@ -36,35 +47,23 @@ void parseWeatherLines(Project& p) {
   if (p.units == UnitSystem::SI) elevation = std::floor(elevation * 3.28084);
   w.elevation = static_cast<float>(elevation);
 
-  for (int tag = 1; tag <= 8; ++tag) {
-    const auto values = splitBlanks(fromColumn(w.lines[tag + 3], 9), 12);
-    for (int m = 1; m <= 12; ++m) {
-      const std::size_t i = static_cast<std::size_t>(m - 1);
-      double v = i < values.size() ? leadingNumber(values[i]) : 0.0;
-      if (p.units == UnitSystem::SI) v = roundTenth(toIp(tag, v));
-      w.months[tag][m] = padded(static_cast<float>(v));
-    }
-  }
+  const bool si = p.units == UnitSystem::SI;
+  for (int tag = 1; tag <= 8; ++tag)
+    fillMonths(w, tag, [&](double v) { return si ? roundTenth(toIp(tag, v)) : v; });
 }
 
 void weatherToSI(Project& p) {
   WeatherSummary& w = p.weather;
   w.elevation = static_cast<float>(std::floor(w.elevation * 0.3048 + 0.5));
-  for (int tag = 1; tag <= 8; ++tag) {
-    const auto values = splitBlanks(fromColumn(w.lines[tag + 3], 9), 12);
-    for (int m = 1; m <= 12; ++m) {
-      const std::size_t i = static_cast<std::size_t>(m - 1);
-      const double v = i < values.size() ? leadingNumber(values[i]) : 0.0;
-      double si;
+  for (int tag = 1; tag <= 8; ++tag)
+    fillMonths(w, tag, [tag](double v) {
       switch (tag) {
-        case kDbAve: case kDbMax: case kDpAve: si = (v - 32.0) / 1.8; break;
-        case kAveStd: case kMaxStd: case kDpStd: si = v / 1.8; break;
-        case kSolar: si = std::floor(v * 11.3565295); break;
-        default: si = roundTenth(v * 0.44704);
+        case kDbAve: case kDbMax: case kDpAve: return (v - 32.0) / 1.8;
+        case kAveStd: case kMaxStd: case kDpStd: return v / 1.8;
+        case kSolar: return std::floor(v * 11.3565295);
+        default: return roundTenth(v * 0.44704);
       }
-      w.months[tag][m] = padded(static_cast<float>(si));
-    }
-  }
+    });
 }
 
 float saturationPressure(float t) {

@@ -34,6 +34,7 @@ constexpr Rule kSurfaceArea = {times(10.76391), 1, mask::B, times(0.09290304), 1
 constexpr Rule kSurfaceLength = {times(3.28084), 1, mask::B, times(0.3048), 1, mask::B};
 constexpr Rule kPerPerson = {over(0.47194744), 1, mask::B, times(0.47194744), 1, mask::B};
 constexpr Rule kPerArea = {over(5.0799972), 3, mask::B, times(5.0799972), 3, mask::B};
+constexpr Rule kPerFloorArea = {over(10.76391), 2, mask::B, times(10.76391), 2, mask::B};
 constexpr Rule kSketchLength = {over(0.3048), 1, {}, times(0.3048), 2, {}};
 constexpr Rule kSketchArea = {over(0.09290304), 1, {}, times(0.09290304), 1, {}};
 
@@ -46,15 +47,24 @@ constexpr ZoneRule kZoneRules[] = {
     {kZoneFloorArea, kArea},
     {kInternalMass, {times(0.2048161), 1, mask::B, times(4.882428), 1, mask::B}},
     {kHotWaterPerPerson, {times(0.264172), 1, mask::B, times(3.7854125), 1, mask::B}},
-    {kLightingCost, {over(10.76391), 2, mask::B, times(10.76391), 2, mask::B}},
-    {kLightingPower, {over(10.76391), 2, mask::B, times(10.76391), 2, mask::B}},
-    {kEquipmentLoad, {over(10.76391), 2, mask::B, times(10.76391), 2, mask::B}},
+    {kLightingCost, kPerFloorArea},
+    {kLightingPower, kPerFloorArea},
+    {kEquipmentLoad, kPerFloorArea},
     {kNaturalVentRate, {over(5.0799972), 1, mask::B, times(5.0799972), 1, mask::B}},
     {kDaylitDepth, kSurfaceLength},
     {kTargetIlluminance, {times(0.09290304), 0, mask::B, times(10.7639104), 0, mask::B}},
     {kStaticPressure, {over(248.8), 1, mask::B, times(248.8), 1, mask::B}},
     {kCoolingEfficiency, {times(3.412141), 1, mask::B, over(3.412141), 1, mask::B}},
 };
+
+// The text of a stored value under a rule; the straight writer leaves it as it is.
+std::string convertUnder(const std::string& value, const Rule& r, Conversion c) {
+  switch (c) {
+    case Conversion::ToIP: return convertText(value, r.toIp, r.ipDigits, r.ipMask);
+    case Conversion::ToSI: return convertText(value, r.toSi, r.siDigits, r.siMask);
+    default: return value;
+  }
+}
 
 const Rule* zoneRule(int field) {
   for (const ZoneRule& z : kZoneRules)
@@ -71,12 +81,7 @@ class Writer {
  private:
   bool converting() const { return c_ != Conversion::None; }
 
-  // The text of a stored value under a rule (unchanged by the straight writer).
-  std::string text(const std::string& value, const Rule& r) const {
-    if (!converting()) return value;
-    return c_ == Conversion::ToIP ? convertText(value, r.toIp, r.ipDigits, r.ipMask)
-                                  : convertText(value, r.toSi, r.siDigits, r.siMask);
-  }
+  std::string text(const std::string& value, const Rule& r) const { return convertUnder(value, r, c_); }
   void labelled(const char* label, const std::string& value) { out_.text(label).text(value).endLine(); }
 
   void projectData();
@@ -217,8 +222,7 @@ std::string outsideAir(const std::string& value, Conversion c) {
   const OutsideAir air = splitOutsideAir(value);
   if (c == Conversion::None || air.kind == "PA") return value;
   const Rule& r = air.kind == "CS" ? kPerArea : kPerPerson;
-  const std::string n = c == Conversion::ToIP ? convertText(air.number, r.toIp, r.ipDigits, r.ipMask)
-                                              : convertText(air.number, r.toSi, r.siDigits, r.siMask);
+  const std::string n = convertUnder(air.number, r, c);
   return air.kind + (n.rfind(' ', 0) == 0 ? n.substr(1) : n);
 }
 
