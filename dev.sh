@@ -2,11 +2,12 @@
 # Set-up, build and run on a Debian machine.
 #   ./dev.sh run    installs what is missing, builds, lays out an installation and starts the desktop program
 #   ./dev.sh test   installs what is missing, builds and runs every test
+#   ./dev.sh data   rebuilds the generated installation data (install/) from the tables in data/
 set -euo pipefail
 cd "$(dirname "$0")"
 
 mode=${1:-}
-case "$mode" in run|test) ;; *) echo "usage: $0 run|test" >&2; exit 2 ;; esac
+case "$mode" in run|test|data) ;; *) echo "usage: $0 run|test|data" >&2; exit 2 ;; esac
 
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
 
@@ -21,6 +22,10 @@ fi
 
 build=build
 cmake -G Ninja -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+if [ "$mode" = data ]; then
+  cmake --build "$build" --target marloven-datagen
+  exec "$build/tools/datagen/marloven-datagen" data install
+fi
 cmake --build "$build"
 
 if [ "$mode" = test ]; then
