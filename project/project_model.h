@@ -197,6 +197,8 @@ struct ProjectFlags {
   int lastRunKind = 0;
   bool recordedWeatherPicked = false;
   bool exitAfterSave = false;
+  bool exitQuestionAnswered = false;  // "do not save" chosen in the exit question
+  bool hourlyOutputMade = false;      // the last run wrote the hourly files
   bool zoneSelected = false;
   // Per profile kind 1..5: loaded for this project; touched by zone data.
   std::array<bool, kProfileKinds + 1> profileKindLoaded{};

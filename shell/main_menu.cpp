@@ -107,4 +107,16 @@ bool MainMenu::menuEnabled(MenuId menu) const {
 
 void MainMenu::exit() { killZoneScratch(state_.install, state_.project); }
 
+void MainMenu::projectReset() {
+  stepEnabled_[5] = stepEnabled_[6] = false;
+  runMenuEnabled_ = false;
+  caption_ = mainMenuCaption(state_.project);
+}
+
+void MainMenu::projectOpened() {
+  stepEnabled_.fill(true);
+  runMenuEnabled_ = viewMenuEnabled_ = true;
+  caption_ = mainMenuCaption(state_.project);
+}
+
 }  // namespace marloven

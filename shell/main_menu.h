@@ -84,6 +84,12 @@ class MainMenu {
   // File Exit: the scratch clean-up before the program ends.
   void exit();
 
+  // File New: zone description, execute and the Analysis menu go off again.
+  void projectReset();
+  // Retrieve or save: every step, the Analysis and the View menu come on.
+  void projectOpened();
+  void enableViewMenu() { viewMenuEnabled_ = true; }
+
  private:
   AppState& state_;
   Prompt& prompt_;

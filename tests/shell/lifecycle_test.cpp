@@ -1,0 +1,232 @@
+#include "shell/lifecycle.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <string>
+
+#include "common/file_io.h"
+#include "common/text_lines.h"
+#include "fake_prompt.h"
+#include "shell/file_names.h"
+#include "shell/startup.h"
+#include "support/temp_install.h"
+
+namespace marloven {
+namespace {
+
+using testing::FakePrompt;
+using testing::TempInstall;
+using Pairs = std::vector<std::pair<std::string, std::string>>;
+
+const std::string kFixture = std::string(FIXTURE_DIR) + "/full_project.inp";
+
+// A started program over a temporary installation, with its main menu and a
+// seed source that counts 0.25, 0.5, ...
+struct Session {
+  TempInstall t;
+  AppState s;
+  FakePrompt prompt;
+  MainMenu menu{s, prompt};
+  double nextSeed = 0.25;
+  Lifecycle life{s, prompt, menu, [this] { double v = nextSeed; nextSeed += 0.25; return v; }};
+
+  Session() {
+    t.writeStartupData();
+    s.install = Installation(t.dir());
+    setStartupDefaults(s.project);
+  }
+  Project& p() { return s.project; }
+  // The fixture retrieved from the tree's root folder.
+  void retrieveFixture(const std::string& as = "school") {
+    t.write(as + ".inp", readFile(kFixture));
+    ASSERT_TRUE(life.retrieve(t.dir(), as));
+  }
+};
+
+TEST(FileNames, RetrieveSaveAndOutputNames) {
+  EXPECT_EQ(retrievePath("/d", "a"), "/d/a.inp");
+  EXPECT_EQ(retrievePath("/d", "a.INP"), "/d/a.INP");
+  EXPECT_EQ(retrievePath("/d", "/x/a.txt"), "/x/a.txt.inp");
+  EXPECT_EQ(savePath("/d", "a"), "/d/a.inp");
+  EXPECT_EQ(savePath("/d", "a.txt"), "/d/a.inp");
+  EXPECT_EQ(savePath("/d", "C:\\p\\a.INP"), "C:\\p\\a.INP");
+  EXPECT_EQ(savePath("/d.v2", "a"), "/d.v2/a.inp");
+  EXPECT_TRUE(isOutputName("trial.ot1"));
+  EXPECT_TRUE(isOutputName("trial.FL9"));
+  EXPECT_FALSE(isOutputName("project.ot"));
+  EXPECT_FALSE(isOutputName("trial.otx"));
+  const OutputFiles f = outputFiles("/r/project.ot1");
+  EXPECT_EQ(f.comfort, "/r/project-ot1.flt");
+  EXPECT_EQ(f.energy, "/r/project-ot1-Energy.hry");
+  EXPECT_EQ(f.temperatures, "/r/project-ot1-Temp.hry");
+  EXPECT_EQ(f.weather, "/r/project-ot1-Weth.hry");
+}
+
+TEST(Lifecycle, SaveRefusalsComeInOrderUnderTheirTitles) {
+  Session x;
+  x.p().flags.resketched = true;
+  EXPECT_EQ(x.life.saveRequested(), Next::Stay);
+  x.p().flags.resketched = false;
+  EXPECT_EQ(x.life.saveRequested(), Next::Stay);
+  x.p().flags.stepDone[2] = true;
+  EXPECT_EQ(x.life.saveRequested(), Next::Stay);
+  x.p().flags.stepDone[4] = true;
+  x.p().flags.runKind = 3;
+  EXPECT_EQ(x.life.saveRequested(), Next::SaveInputDialog);
+  EXPECT_EQ(x.p().flags.runKind, 0);
+  EXPECT_EQ(x.prompt.titlesAndTexts(),
+            (Pairs{{"Error", "The building has been re-sketched.  Please examine the zone descriptions before saving."},
+                   {"Weather Data", "Please enter the weather data before saving the input file."},
+                   {"Building Sketch", "Please sketch your building before saving the input file."}}));
+}
+
+TEST(Lifecycle, NewAsksOnlyAfterInputAndResetsOnYes) {
+  Session x;
+  EXPECT_TRUE(x.life.newProject());
+  EXPECT_TRUE(x.prompt.log.empty());
+  x.p().flags.stepDone[1] = true;
+  x.prompt.answers = {Answer::No, Answer::Yes};
+  EXPECT_FALSE(x.life.newProject());
+  EXPECT_TRUE(x.p().flags.stepDone[1]);
+  EXPECT_TRUE(x.life.newProject());
+  EXPECT_FALSE(x.p().flags.stepDone[1]);
+  EXPECT_FALSE(x.menu.menuEnabled(MenuId::Analysis));
+  EXPECT_FALSE(x.menu.stepEnabled(5));
+  EXPECT_EQ(x.prompt.titlesAndTexts()[1].first, "Warning...");
+}
+
+TEST(Lifecycle, ARetrievedProjectIsRunnableAtOnce) {
+  Session x;
+  x.retrieveFixture();
+  EXPECT_EQ(x.menu.caption(), "-- " + x.t.dir() + "/school.inp");
+  EXPECT_TRUE(x.menu.menuEnabled(MenuId::Analysis));
+  EXPECT_TRUE(x.menu.stepEnabled(6));
+  x.prompt.answers = {Answer::Yes};  // run without saving
+  EXPECT_EQ(x.life.runRequested(3), Next::RunSimulation);
+}
+
+TEST(Lifecycle, RetrievingOverALoadedProjectClearsTheDemandPairs) {
+  Session x;
+  x.retrieveFixture();
+  ASSERT_EQ(x.p().demand.pairCount, 2);
+  // The same project without a schedule: the reader alone would keep the pairs.
+  auto lines = splitLines(readFile(kFixture));
+  std::string bytes;
+  for (const auto& l : lines)
+    if (l.rfind("DemChgRate", 0) != 0) bytes += (l.rfind("DemCharge", 0) == 0 ? "DemCharge  N" : l) + "\r\n";
+  x.t.write("plain.inp", bytes);
+  ASSERT_TRUE(x.life.retrieve(x.t.dir(), "plain.inp"));
+  EXPECT_EQ(x.p().demand.pairCount, 0);
+  EXPECT_EQ(x.p().demand.pairs[1].first, "");
+}
+
+TEST(Lifecycle, AFileThatCannotBeReadLeavesTheProjectAndReports) {
+  Session x;
+  x.retrieveFixture();
+  const std::string name = x.p().data[1];
+  EXPECT_FALSE(x.life.retrieve(x.t.dir(), "missing"));
+  EXPECT_EQ(x.p().data[1], name);
+  EXPECT_EQ(x.prompt.log.back().title, "Marloven Error #  53");
+}
+
+TEST(Lifecycle, SaveGivesAFirstSeedKeepsItAndConvertsWhenAsked) {
+  Session x;
+  x.t.write("s.inp", readFile(kFixture));
+  ASSERT_TRUE(x.life.retrieve(x.t.dir(), "s"));
+  x.p().flags.fromFile = false;  // as a new project that was never saved
+  x.p().units = UnitSystem::IP;
+  EXPECT_EQ(x.life.saveInput(x.t.dir(), "first", UnitSystem::IP), Next::Stay);
+  EXPECT_EQ(x.p().seed, " .25      ");  // columns 11-20 as read back
+  EXPECT_TRUE(x.p().flags.fromFile && x.p().flags.inputSaved && x.p().flags.anySaveSinceStart);
+  EXPECT_EQ(x.p().fileName, x.t.dir() + "/first.inp");
+  // A later save, in SI: same seed, the file says SI and so does the model now.
+  EXPECT_EQ(x.life.saveInput(x.t.dir(), "second.txt", UnitSystem::SI), Next::Stay);
+  EXPECT_EQ(x.p().seed, " .25      ");  // columns 11-20 as read back
+  EXPECT_EQ(x.p().units, UnitSystem::SI);
+  const auto header = splitLines(x.t.read("second.inp")).front();
+  EXPECT_EQ(header.substr(0, 20), "MARLOVEN   .25      ");
+  EXPECT_TRUE(header.ends_with("SI")) << header;
+}
+
+TEST(Lifecycle, AFailedWriteKeepsTheOldFileAndReports) {
+  Session x;
+  x.retrieveFixture("keep");
+  const std::string old = x.t.read("keep.inp");
+  // An injected write error: files may not grow past 100 bytes.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit saved{};
+  getrlimit(RLIMIT_FSIZE, &saved);
+  rlimit small = saved;
+  small.rlim_cur = 100;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const Next n = x.life.saveInput(x.t.dir(), "keep", UnitSystem::SI);
+  setrlimit(RLIMIT_FSIZE, &saved);
+  EXPECT_EQ(n, Next::Stay);
+  EXPECT_EQ(x.t.read("keep.inp"), old);
+  EXPECT_EQ(x.prompt.log.back().title.rfind("Marloven Error # ", 0), 0u);
+  for (const auto& f : x.t.files()) EXPECT_EQ(f.find(".tmp-"), std::string::npos) << f;
+}
+
+TEST(Lifecycle, RunIsRefusedAfterResketchingAndErrorCheckWritesTheRunCopy) {
+  Session x;
+  x.retrieveFixture();
+  x.p().flags.resketched = true;
+  EXPECT_EQ(x.life.runRequested(2), Next::Stay);
+  x.p().flags.resketched = false;
+  x.p().flags.sketchCount = 1;
+  x.prompt.answers = {Answer::No, Answer::Yes};
+  EXPECT_EQ(x.life.runRequested(1), Next::Stay);  // No to the sketch warning
+  EXPECT_FALSE(x.t.exists("temp/ecalc$.inp"));
+  EXPECT_EQ(x.life.runRequested(1), Next::Stay);
+  EXPECT_EQ(x.t.read("temp/ecalc$.tmp"), "1\r\n");
+  EXPECT_TRUE(splitLines(x.t.read("temp/ecalc$.inp")).front().ends_with("IP"));
+  EXPECT_EQ(x.prompt.log[0].text,
+            "The building has been re-sketched. Please examine the zone descriptions before executing.");
+  EXPECT_EQ(x.prompt.log[1].title, "Warning...");
+}
+
+TEST(Lifecycle, RunWithUnsavedInputOffersTheSaveAndOldResults) {
+  Session x;
+  x.retrieveFixture();
+  x.prompt.answers = {Answer::No};
+  EXPECT_EQ(x.life.runRequested(3), Next::SaveInputDialog);
+  x.p().flags.runMade = true;
+  x.p().flags.lastRunKind = 4;
+  x.prompt.answers = {Answer::Yes};
+  EXPECT_EQ(x.life.runRequested(3), Next::SaveOutputDialog);
+  EXPECT_EQ(x.life.outputDialogText(),
+            "Before running, you should save the previous results. An energy output file with .ot* "
+            "extension will also be saved.");
+  x.p().flags.inputSaved = true;
+  EXPECT_EQ(x.life.runRequested(3), Next::RunSimulation);
+}
+
+TEST(Lifecycle, ExitQuestionAndItsThreeWays) {
+  Session x;
+  EXPECT_EQ(x.life.exitQuestion().caption, "Do you want to save your input ?");
+  EXPECT_EQ(x.life.exitSave(), Next::SaveInputDialog);
+  EXPECT_TRUE(x.p().flags.exitAfterSave);
+
+  Session y;
+  y.retrieveFixture();
+  EXPECT_EQ(y.life.exitQuestion().caption, "Save input changes to:");
+  EXPECT_EQ(y.life.exitQuestion().line, y.t.dir() + "/school.inp ?");
+  y.p().flags.runMade = true;
+  y.prompt.answers = {Answer::Cancel, Answer::Yes};
+  EXPECT_EQ(y.life.exitWithoutSave(), Next::Stay);
+  EXPECT_EQ(y.life.exitWithoutSave(), Next::SaveOutputDialog);
+  EXPECT_EQ(y.prompt.log.back().title, "Save output");
+  // The results saved, the program ends.
+  y.t.write("temp/ecalc$.out", "report\r\n");
+  y.t.write("temp/ecalc$.flt", "");
+  EXPECT_EQ(y.life.saveOutput(y.t.dir(), "trial.ot"), Next::Stay);
+  EXPECT_EQ(y.life.saveOutput(y.t.dir(), "trial.ot2"), Next::Quit);
+  EXPECT_EQ(y.t.read("trial.ot2"), "report\r\n");
+  EXPECT_TRUE(y.t.exists("trial-ot2.flt"));
+  EXPECT_FALSE(y.t.exists("trial-ot2-Energy.hry"));  // no hourly files were made
+}
+
+}  // namespace
+}  // namespace marloven
