@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,7 +14,10 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "screens/project_file_dialog.h"
 #include "screens/text_codec.h"
+#include "screens/text_viewer.h"
+#include "shell/file_names.h"
 
 namespace marloven::screens {
 
@@ -46,7 +51,7 @@ QToolButton* iconButton(const QString& text, QStyle::StandardPixmap icon, int ic
 }  // namespace
 
 MainMenuWindow::MainMenuWindow(AppState& state, Prompt& prompt, QWidget* parent)
-    : QMainWindow(parent), logic_(state, prompt) {
+    : QMainWindow(parent), state_(state), prompt_(prompt), logic_(state, prompt), life_(state, prompt, logic_) {
   setObjectName("mainmenu");
   buildMenus();
   setCentralWidget(buildSteps());
@@ -121,7 +126,30 @@ QWidget* MainMenuWindow::buildSteps() {
 }
 
 void MainMenuWindow::wireCommands() {
-  handlers_[{Command::Exit, 0}] = [this] { exitProgram(); };
+  handlers_[{Command::Exit, 0}] = [this] {
+    if (askExit()) finish();
+  };
+  handlers_[{Command::NewProject, 0}] = [this] {
+    life_.newProject();
+    refresh();
+  };
+  handlers_[{Command::RetrieveProject, 0}] = [this] { retrieve(false); };
+  handlers_[{Command::SaveProject, 0}] = [this] { follow(life_.saveRequested()); };
+  handlers_[{Command::Run, 1}] = [this] { follow(life_.runRequested(1)); };
+  const std::string dir = state_.install.dir();
+  handlers_[{Command::HelpContents, 0}] = [this, dir] {
+    HelpContents c(dir, prompt_, this);
+    c.exec();
+  };
+  handlers_[{Command::HelpIntroduction, 0}] = [this, dir] {
+    showHelpFile(this, dir, "mainhlp2.txt", "INTRODUCTION TO MARLOVEN EC", prompt_);
+  };
+  handlers_[{Command::HelpLearning, 0}] = [this, dir] {
+    showHelpFile(this, dir, "help1.txt", "Learning MARLOVEN", prompt_);
+  };
+  handlers_[{Command::HelpAbout, 0}] = [this, dir] {
+    showHelpFile(this, dir, "mainhlp1.txt", "MARLOVEN EC Release 6.5", prompt_);
+  };
   // Later screens add their handlers here and to stepHandlers_.
 
   for (auto& [key, act] : actions_) {
@@ -131,7 +159,7 @@ void MainMenuWindow::wireCommands() {
     act->setEnabled(h != handlers_.end());
     if (h != handlers_.end()) connect(act, &QAction::triggered, this, h->second);
   }
-  sample_->setEnabled(false);
+  connect(sample_, &QToolButton::clicked, this, [this] { retrieve(true); });
   const auto view12 = handlers_.find({Command::View, 12});
   previousOutput_->setEnabled(view12 != handlers_.end());
   if (view12 != handlers_.end()) connect(previousOutput_, &QToolButton::clicked, this, view12->second);
@@ -180,18 +208,103 @@ void MainMenuWindow::centreOnScreen() {
   move(frame.topLeft());
 }
 
-void MainMenuWindow::exitProgram() {
-  // The one way out; the close box comes here too.
-  if (exiting_) return;
+bool MainMenuWindow::askExit() {
+  const ExitQuestion q = life_.exitQuestion();
+  const std::string text = q.line.empty() ? q.caption : q.caption + "\n" + q.line;
+  // Yes saves, No leaves without saving, Cancel stays.
+  const Answer a = prompt_.ask(Buttons::YesNoCancel, Icon::Question, "Exit", text);
+  if (a == Answer::Cancel) return false;
+  Next n = a == Answer::Yes ? life_.exitSave() : life_.exitWithoutSave();
+  if (n == Next::SaveInputDialog) {
+    saveInputDialog();
+    return exiting_;
+  }
+  if (n == Next::SaveOutputDialog) {
+    saveOutputDialog();
+    return exiting_;
+  }
+  return n == Next::Quit;
+}
+
+void MainMenuWindow::finish() {
   exiting_ = true;
-  logic_.exit();
   hide();
   emit programEnds();
 }
 
+void MainMenuWindow::follow(Next next) {
+  switch (next) {
+    case Next::SaveInputDialog: saveInputDialog(); break;
+    case Next::SaveOutputDialog: saveOutputDialog(); break;
+    case Next::Quit: finish(); return;
+    default: break;  // the run and results screens come with their own work
+  }
+  refresh();
+}
+
+void MainMenuWindow::retrieve(bool sample) {
+  if (!life_.confirmDiscard()) return;
+  const Project& p = state_.project;
+  QString dir = sample ? fromBytes(state_.install.path("sample")) : QDir::currentPath();
+  if (!sample && p.flags.inputSaved) dir = QFileInfo(fromBytes(p.fileName)).absolutePath();
+  ProjectFileDialog d(sample ? ProjectFileDialog::Mode::Sample : ProjectFileDialog::Mode::Retrieve, dir,
+                      "*.inp", QString(), this);
+  if (d.exec() != QDialog::Accepted) return;
+  life_.retrieve(toBytes(d.directory()), toBytes(d.name()), sample);
+  refresh();
+}
+
+void MainMenuWindow::saveInputDialog() {
+  const Project& p = state_.project;
+  QString dir = QDir::currentPath();
+  QString name = fromBytes(p.baseName.empty() ? p.fileName : p.baseName);
+  if (p.flags.fromFile) {
+    const QFileInfo f(fromBytes(p.fileName));
+    dir = f.absolutePath();
+    name = f.fileName();
+  }
+  ProjectFileDialog d(ProjectFileDialog::Mode::SaveInput, dir, "*.inp", name, this);
+  d.setUnits(p.units);
+  if (d.exec() != QDialog::Accepted) {
+    state_.project.flags.exitAfterSave = false;
+    return;
+  }
+  const Next n = life_.saveInput(toBytes(d.directory()), toBytes(d.name()), d.units());
+  if (n == Next::Quit) {
+    finish();
+    return;
+  }
+  if (n == Next::SaveOutputDialog) saveOutputDialog();
+  refresh();
+}
+
+void MainMenuWindow::saveOutputDialog() {
+  const Project& p = state_.project;
+  QString dir = p.flags.fromFile ? QFileInfo(fromBytes(p.fileName)).absolutePath() : QDir::currentPath();
+  ProjectFileDialog d(ProjectFileDialog::Mode::SaveOutput, dir, p.flags.lastRunKind == 4 ? "*.fl*" : "*.ot*",
+                      fromBytes(proposedOutputName(p)), this);
+  d.setMessage(fromBytes(life_.outputDialogText()));
+  // The dialog stays while the name is refused.
+  while (d.exec() == QDialog::Accepted) {
+    const Next n = life_.saveOutput(toBytes(d.directory()), toBytes(d.name()));
+    if (n == Next::Quit) {
+      finish();
+      return;
+    }
+    if (isOutputName(toBytes(d.name()))) return;
+  }
+  state_.project.flags.outputSaved = false;
+  state_.project.flags.exitQuestionAnswered = false;
+}
+
 void MainMenuWindow::closeEvent(QCloseEvent* event) {
-  exitProgram();
-  event->accept();
+  // The close box asks the exit question too; Cancel keeps the program.
+  if (exiting_ || askExit()) {
+    if (!exiting_) finish();
+    event->accept();
+  } else {
+    event->ignore();
+  }
 }
 
 }  // namespace marloven::screens

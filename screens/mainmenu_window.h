@@ -9,6 +9,7 @@
 #include <map>
 #include <utility>
 
+#include "shell/lifecycle.h"
 #include "shell/main_menu.h"
 
 class QAction;
@@ -24,6 +25,7 @@ class MainMenuWindow : public QMainWindow {
   MainMenuWindow(AppState& state, Prompt& prompt, QWidget* parent = nullptr);
 
   MainMenu& logic() { return logic_; }
+  Lifecycle& lifecycle() { return life_; }
   QToolButton* stepButton(int step) const;
   QToolButton* sampleButton() const { return sample_; }
   QToolButton* previousOutputButton() const { return previousOutput_; }
@@ -47,10 +49,19 @@ class MainMenuWindow : public QMainWindow {
   void buildMenus();
   QWidget* buildSteps();
   void wireCommands();
-  void exitProgram();
+  // The exit question; true when the program ends.
+  bool askExit();
+  void finish();
+  void follow(Next next);
+  void retrieve(bool sample);
+  void saveInputDialog();
+  void saveOutputDialog();
   void centreOnScreen();
 
+  AppState& state_;
+  Prompt& prompt_;
   MainMenu logic_;
+  Lifecycle life_;
   std::map<MenuId, QMenu*> menus_;
   std::map<Key, QAction*> actions_;
   std::map<Key, std::function<void()>> handlers_;

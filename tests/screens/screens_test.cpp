@@ -2,6 +2,10 @@
 // themselves are tested in tests/shell.
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QTimer>
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
@@ -10,7 +14,10 @@
 #include <filesystem>
 #include <memory>
 
+#include "common/file_io.h"
 #include "screens/desktop.h"
+#include "screens/project_file_dialog.h"
+#include "screens/text_viewer.h"
 #include "screens/text_codec.h"
 #include "shell/fake_prompt.h"
 #include "support/temp_install.h"
@@ -38,6 +45,22 @@ struct Fixture {
   testing::FakePrompt prompt;
   std::unique_ptr<Desktop> desktop;
 };
+
+// Runs fn on the modal dialog of type T once it is up (the caller then opens
+// it); a dialog fn leaves open is cancelled so a failing check cannot hang.
+template <typename T, typename F>
+void whenShown(F fn) {
+  auto* timer = new QTimer;
+  QObject::connect(timer, &QTimer::timeout, [timer, fn] {
+    auto* dlg = qobject_cast<T*>(QApplication::activeModalWidget());
+    if (dlg == nullptr) return;
+    timer->stop();
+    timer->deleteLater();
+    fn(dlg);
+    if (dlg->isVisible()) dlg->reject();
+  });
+  timer->start(10);
+}
 
 }  // namespace
 
@@ -108,7 +131,8 @@ class ScreensTest : public QObject {
     QVERIFY(!m.menu(MenuId::Analysis)->menuAction()->isEnabled());
     QVERIFY(m.menu(MenuId::File)->menuAction()->isEnabled());
     QVERIFY(m.action(Command::Exit)->isEnabled());
-    QVERIFY(!m.action(Command::NewProject)->isEnabled());  // no screen behind it yet
+    QVERIFY(m.action(Command::NewProject)->isEnabled());
+    QVERIFY(!m.action(Command::Run, 2)->isEnabled());  // no screen behind it yet
     QCOMPARE(m.action(Command::Run, 3)->text(), QString("Run with   A/C "));
     // A literal ampersand survives as text instead of becoming an access key.
     QCOMPARE(m.action(Command::Graph, 5)->text(), QString("Monthly Heating && Cooling"));
@@ -134,9 +158,64 @@ class ScreensTest : public QObject {
     d.mainForm().continueButton()->click();
     f.tree.write("temp/temp1.zon", "z");
     f.state->project.flags.fromFile = true;
+    f.prompt.answers = {Answer::Cancel, Answer::No};  // stay; then leave without saving
     d.mainMenu().action(Command::Exit)->trigger();
+    QVERIFY(d.mainMenu().isVisible());
+    d.mainMenu().action(Command::Exit)->trigger();
+    QCOMPARE(f.prompt.log[0].title, std::string("Exit"));
     QVERIFY(!f.tree.exists("temp/temp1.zon"));
     QVERIFY(!d.mainMenu().isVisible());
+  }
+
+  void retrieveAndSaveGoThroughTheirDialogs() {
+    Fixture f;
+    Desktop& d = f.started();
+    d.mainForm().continueButton()->click();
+    f.tree.write("school.inp", marloven::readFile(std::string(FIXTURE_DIR) + "/full_project.inp"));
+    std::filesystem::current_path(f.tree.root());
+    // The retrieve dialog lists the projects; a double click is OK.
+    whenShown<screens::ProjectFileDialog>([&](screens::ProjectFileDialog* dlg) {
+      QCOMPARE(dlg->objectName(), QString("oldfileform"));
+      QCOMPARE(dlg->files()->count(), 1);
+      QCOMPARE(dlg->files()->item(0)->text(), QString("school.inp"));
+      emit dlg->files()->itemDoubleClicked(dlg->files()->item(0));
+    });
+    d.mainMenu().action(Command::RetrieveProject)->trigger();
+    QVERIFY(f.state->project.flags.fromFile);
+    QCOMPARE(d.mainMenu().windowTitle(), QString::fromStdString("-- " + f.tree.dir() + "/school.inp"));
+    QVERIFY(d.mainMenu().menu(MenuId::Analysis)->menuAction()->isEnabled());
+    // Saved in the other unit system under a new name: the model follows the file.
+    f.state->project.flags.stepDone[4] = true;
+    whenShown<screens::ProjectFileDialog>([&](screens::ProjectFileDialog* dlg) {
+      QCOMPARE(dlg->objectName(), QString("saveinputform"));
+      QCOMPARE(dlg->nameBox()->text(), QString("school.inp"));
+      QCOMPARE(dlg->units(), UnitSystem::IP);
+      dlg->findChild<QRadioButton*>()->parentWidget()->findChildren<QRadioButton*>()[1]->click();
+      dlg->nameBox()->setText("copy");
+      QTest::keyClick(dlg->nameBox(), Qt::Key_Return);
+    });
+    d.mainMenu().action(Command::SaveProject)->trigger();
+    QVERIFY(f.tree.exists("copy.inp"));
+    QCOMPARE(f.state->project.units, UnitSystem::SI);
+    QCOMPARE(d.mainMenu().windowTitle(), QString::fromStdString("-- " + f.tree.dir() + "/copy.inp"));
+  }
+
+  void helpTextsShowReadOnly() {
+    Fixture f;
+    f.tree.write("helpinfo/mainhlp2.txt", "INTRODUCTION\r\n  two\r\n");
+    Desktop& d = f.started();
+    d.mainForm().continueButton()->click();
+    whenShown<screens::TextViewer>([&](screens::TextViewer* v) {
+      QCOMPARE(v->objectName(), QString("Learning"));
+      QCOMPARE(v->windowTitle(), QString("INTRODUCTION TO MARLOVEN EC"));
+      QCOMPARE(v->text()->toPlainText(), QString("INTRODUCTION\n  two\n"));
+      QVERIFY(v->text()->isReadOnly());
+      v->accept();
+    });
+    d.mainMenu().action(Command::HelpIntroduction)->trigger();
+    // A missing help file reaches the error report.
+    d.mainMenu().action(Command::HelpLearning)->trigger();
+    QCOMPARE(f.prompt.log.back().title, std::string("Marloven Error #  53"));
   }
 
   void everyByteSurvivesTheTextCodec() {

@@ -1,0 +1,53 @@
+// The retrieve and save dialogs: a folder, the files of it that match a
+// pattern, sub-folders to move into, and the name box. Enter is OK, Esc is
+// Cancel, a double click on a file is OK. The rules of what OK does are the
+// Lifecycle's; this only collects the folder and the typed name.
+#pragma once
+
+#include <QDialog>
+
+#include "project/project_model.h"
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QRadioButton;
+
+namespace marloven::screens {
+
+class ProjectFileDialog : public QDialog {
+  Q_OBJECT
+
+ public:
+  enum class Mode { Retrieve, Sample, SaveInput, SaveOutput };
+
+  ProjectFileDialog(Mode mode, const QString& directory, const QString& pattern, const QString& name,
+                    QWidget* parent = nullptr);
+
+  QString directory() const { return directory_; }
+  void setDirectory(const QString& directory);
+  QString name() const;
+  UnitSystem units() const;
+  void setUnits(UnitSystem units);
+  void setMessage(const QString& text);
+
+  QListWidget* files() const { return files_; }
+  QListWidget* folders() const { return folders_; }
+  QLineEdit* nameBox() const { return name_; }
+
+ private:
+  void relist();
+
+  Mode mode_;
+  QString directory_;
+  QString pattern_;
+  QLabel* where_ = nullptr;
+  QLabel* message_ = nullptr;
+  QListWidget* folders_ = nullptr;
+  QListWidget* files_ = nullptr;
+  QLineEdit* name_ = nullptr;
+  QRadioButton* ip_ = nullptr;
+  QRadioButton* si_ = nullptr;
+};
+
+}  // namespace marloven::screens
