@@ -9,6 +9,7 @@
 #include "common/split.h"
 #include "common/text_lines.h"
 #include "project/typed_input.h"
+#include "project/zone_scratch.h"
 
 namespace marloven {
 
@@ -25,15 +26,6 @@ bool startsWith(std::string_view s, std::string_view prefix) {
 int tableIndex(double id, int last, const std::string& line) {
   if (!(id >= 0 && id < last + 1.0)) throw FileError(err::kSubscriptOutOfRange, line);
   return static_cast<int>(id);
-}
-
-// A zone ID becomes part of a scratch file name: it must not lead out of the
-// scratch directory or hold what no file name can.
-void checkScratchName(const std::string& zoneId) {
-  for (char c : zoneId)
-    if (c == '/' || c == '\\' || static_cast<unsigned char>(c) < 0x20)
-      throw FileError(err::kBadFileName, "zone ID \"" + zoneId + "\"");
-  if (zoneId.find("..") != std::string::npos) throw FileError(err::kBadFileName, zoneId);
 }
 
 void resetForRead(Project& p) {
@@ -131,8 +123,7 @@ ZoneScratchFile readZone(LineReader& in, const std::string& firstLine, ZoneRecor
   z.economizer = valueOf(in.next());
   for (int f = kStaticPressure; f <= kMaintenanceCost; ++f) z.fields[f] = valueOf(in.next());
 
-  checkScratchName(z.fields[kZoneId]);
-  ZoneScratchFile scratch{"temp" + z.fields[kZoneId] + ".zon", {}};
+  ZoneScratchFile scratch{zoneScratchName(z.fields[kZoneId]), {}};
   std::vector<std::string> values;
   for (int k = 1; k <= kMaxSurfaceRows; ++k) {
     const std::string line = in.next();
