@@ -330,6 +330,6 @@ Next Lifecycle::view(int index) {
   }
 }
 
-void Lifecycle::cleanUpAndQuit() { killZoneScratch(state_.install, state_.project); }
+void Lifecycle::cleanUpAndQuit() { menu_.exit(); }
 
 }  // namespace marloven

@@ -3,7 +3,9 @@
 #include <cmath>
 #include <map>
 
+#include "catalogs/hvac_catalog.h"
 #include "common/column_printer.h"
+#include "common/file_error.h"
 #include "common/file_io.h"
 #include "common/masks.h"
 #include "common/number_text.h"
@@ -62,7 +64,7 @@ std::string hourlyLine(const CsvTable& t, int row, std::string_view column, bool
 
 struct HvacSystem {
   std::string name, staticText, seerText, supplyText, firstText, maintText;
-  double staticPressure = 0, seer = 0, supply = 0, first = 0, maint = 0;
+  double first = 0, maint = 0;
 };
 
 std::vector<HvacSystem> readSystems(const CsvTable& t) {
@@ -73,9 +75,7 @@ std::vector<HvacSystem> readSystems(const CsvTable& t) {
     HvacSystem s;
     s.name = t.at(r, "name");
     if (s.name.size() > 51) throw DataError(t.where(r, "name") + ": longer than columns 11-61");
-    s.staticPressure = t.number(r, "static_pressure");
-    s.seer = t.number(r, "seer");
-    s.supply = t.number(r, "supply_temp");
+    for (const char* c : {"static_pressure", "seer", "supply_temp"}) t.number(r, c);  // numbers only
     s.first = t.number(r, "first_cost");
     s.maint = t.number(r, "maintenance");
     // Texts as they stand in their columns: each must fit the narrower of the
@@ -93,40 +93,19 @@ std::vector<HvacSystem> readSystems(const CsvTable& t) {
   return out;
 }
 
-// The gas line's cost additions by system (electric heat has none).
-double gasFirstAddition(int system) { return system <= 6 ? 200.0 : 0.0; }
-double gasMaintAddition(int system) {
-  if (system <= 3) return 7.4;
-  if (system == 4) return 8.0;
-  if (system <= 6) return 9.0;
-  return 0.0;
-}
-
+// The catalog as the HVAC screen would hold it in I-P; its writer makes the file.
 std::string tcoolFile(const std::vector<HvacSystem>& systems) {
-  ColumnPrinter p;
-  p.tab(64).text("FAN STATIC PRESS.  SYSTEM   SUPPLY TEMP  SYSTEM COST PER TON").endLine();
-  p.line("     I.D.  NAME OF SYSTEM                                      (INCH)   (Pa)    SEER  COP    F   C      1ST...MAINT.");
-  p.text("     ").text(std::string(135, '-')).endLine();
+  HvacCatalog catalog;
   for (int i = 1; i <= kSystems; ++i) {
     const HvacSystem& s = systems[static_cast<size_t>(i - 1)];
-    const auto common = [&] {
-      p.tab(6).text(std::to_string(i)).tab(11).text(s.name);
-      p.tab(65).text(s.staticText).tab(72).text(masked(s.staticPressure * 248.8, 1, "@@@@@@"));
-      p.tab(80).text(s.seerText).tab(86).text(masked(s.seer / 3.412, 2, "@@@@@"));
-      p.tab(93).text(s.supplyText).tab(97).text(masked((s.supply - 32) / 1.8, 0, "@@"));
-    };
-    common();
-    p.tab(103).text(s.firstText).tab(111).text(s.maintText).tab(119).text("ELEC. HEAT").endLine();
-    common();
-    if (i == 7) {  // the heat pump has no gas variant
-      p.tab(103).text("   ").tab(111).text("   ");
-    } else {
-      p.tab(103).text(masked(s.first + gasFirstAddition(i), 0, "@@@"));
-      p.tab(111).text(masked(s.maint + gasMaintAddition(i), 2, "@@@@@"));
-    }
-    p.tab(119).text("GAS HEAT").endLine();
+    catalog.rows[static_cast<size_t>(i)] = {std::to_string(i), s.name,      s.staticText, s.seerText,
+                                            s.supplyText,      s.firstText, s.maintText};
   }
-  return p.take();
+  try {
+    return formatHvacCatalog(catalog, UnitSystem::IP);
+  } catch (const FileError& e) {
+    throw DataError("hvac_systems.csv: " + e.detail());
+  }
 }
 
 // ------------------------------------------------------------- heating table
