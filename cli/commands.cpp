@@ -1,5 +1,7 @@
 #include "cli/commands.h"
 
+#include "cli/context.h"
+
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -25,18 +27,6 @@ constexpr const char* kUsage =
     "  inp normalize IN OUT  read a project file and write it back as a save would\n"
     "  inp convert --to ip|si IN OUT\n"
     "                        read a project file and write it in the other unit system\n";
-
-struct Context {
-  std::string installDir = ".";
-  std::ostream& out;
-  std::ostream& err;
-};
-
-// Commands that write scratch files need an installation tree.
-void requireInstallation(const Context& c) {
-  if (!std::filesystem::is_directory(std::filesystem::path(c.installDir) / "temp"))
-    throw FileError(err::kPathNotFound, c.installDir + " has no temp directory");
-}
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -84,14 +74,22 @@ int convert(Context& c, const std::vector<std::string>& a) {
   return 0;
 }
 
-using Command = std::function<int(Context&, const std::vector<std::string>&)>;
-
 const std::map<std::string, Command>& commands() {
-  static const std::map<std::string, Command> table = {{"inp normalize", normalize}, {"inp convert", convert}};
+  static const std::map<std::string, Command> table = {
+      {"inp normalize", normalize},
+      {"inp convert", convert},
+  };
   return table;
 }
 
 }  // namespace
+
+const char* usage() { return kUsage; }
+
+void requireInstallation(const Context& c) {
+  if (!std::filesystem::is_directory(std::filesystem::path(c.installDir) / "temp"))
+    throw FileError(err::kPathNotFound, c.installDir + " has no temp directory");
+}
 
 int run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
   Context c{".", out, err};

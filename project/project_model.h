@@ -200,6 +200,9 @@ struct ProjectFlags {
   bool exitQuestionAnswered = false;  // "do not save" chosen in the exit question
   bool hourlyOutputMade = false;      // the last run wrote the hourly files
   bool zoneSelected = false;
+  // The sketch template was just copied over bld_mtx.all: the next load of the
+  // sketch applies the defaults of a new sketch in SI.
+  bool newSketch = false;
   // Per profile kind 1..5: loaded for this project; touched by zone data.
   std::array<bool, kProfileKinds + 1> profileKindLoaded{};
   std::array<bool, kProfileKinds + 1> profileKindTouched{};

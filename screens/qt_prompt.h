@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 namespace marloven::screens {
 

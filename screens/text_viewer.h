@@ -5,7 +5,7 @@
 #include <QDialog>
 #include <string>
 
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 class QPlainTextEdit;
 

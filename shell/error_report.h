@@ -2,7 +2,7 @@
 #pragma once
 
 #include "common/file_error.h"
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 namespace marloven {
 

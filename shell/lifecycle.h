@@ -10,7 +10,7 @@
 
 #include "shell/app_state.h"
 #include "shell/main_menu.h"
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 namespace marloven {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "shell/app_state.h"
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 namespace marloven {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "shell/app_state.h"
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 namespace marloven {
 

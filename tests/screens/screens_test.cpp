@@ -19,7 +19,7 @@
 #include "screens/project_file_dialog.h"
 #include "screens/text_viewer.h"
 #include "screens/text_codec.h"
-#include "shell/fake_prompt.h"
+#include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 using namespace marloven;

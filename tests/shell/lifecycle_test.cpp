@@ -8,7 +8,7 @@
 
 #include "common/file_io.h"
 #include "common/text_lines.h"
-#include "fake_prompt.h"
+#include "support/fake_prompt.h"
 #include "shell/file_names.h"
 #include "shell/startup.h"
 #include "support/temp_install.h"

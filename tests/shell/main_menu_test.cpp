@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/fake_prompt.h"
+#include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 namespace marloven {

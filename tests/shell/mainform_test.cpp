@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "shell/error_report.h"
-#include "shell/fake_prompt.h"
+#include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 namespace marloven {

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/prompt.h"
+#include "common/prompt.h"
 
 namespace marloven::testing {
 
