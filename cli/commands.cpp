@@ -13,6 +13,7 @@
 #include "common/file_io.h"
 #include "project/project_reader.h"
 #include "project/project_writer.h"
+#include "run/run_copy.h"
 
 namespace marloven::cli {
 
@@ -26,7 +27,9 @@ constexpr const char* kUsage =
     "commands:\n"
     "  inp normalize IN OUT  read a project file and write it back as a save would\n"
     "  inp convert --to ip|si IN OUT\n"
-    "                        read a project file and write it in the other unit system\n";
+    "                        read a project file and write it in the other unit system\n"
+    "  inp check IN          read a project file and write the run copy of an error check\n"
+    "                        (temp/ecalc$.inp and the control file temp/ecalc$.tmp)\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -74,10 +77,27 @@ int convert(Context& c, const std::vector<std::string>& a) {
   return 0;
 }
 
+// Error Check Only without a window: the project is read as a retrieve reads
+// it and written as the run copy; the check is that both succeed.
+int check(Context& c, const std::vector<std::string>& a) {
+  if (a.size() != 1) {
+    c.err << "inp check: expected IN\n" << kUsage;
+    return 2;
+  }
+  requireInstallation(c);
+  Project p;
+  loadProjectFile(c.installDir, a[0], p);
+  writeErrorCheck(c.installDir, p);
+  c.out << joinPath(c.installDir, "temp/ecalc$.inp") << ": " << p.zoneCount << (p.zoneCount == 1 ? " zone" : " zones")
+        << ", " << (p.units == UnitSystem::IP ? "I-P" : "SI") << " units\n";
+  return 0;
+}
+
 const std::map<std::string, Command>& commands() {
   static const std::map<std::string, Command> table = {
       {"inp normalize", normalize},
       {"inp convert", convert},
+      {"inp check", check},
   };
   return table;
 }

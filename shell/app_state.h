@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "project/project_model.h"
 #include "shell/installation.h"
@@ -27,10 +28,32 @@ struct StartupTables {
   std::string spreadsheetPath;  // empty when none was found
 };
 
+// The zone list's grid: row 0 the headings, rows 1..100 the zones; columns
+// zone ID, zone name and a third the filling screen decides.
+struct ZoneListGrid {
+  static constexpr int kRows = 101;
+  static constexpr int kColumns = 3;
+  std::array<std::array<std::string, kColumns>, kRows> cells;
+};
+
+// A report section (kind 6) or chart (kind 10) asked for from the View menu,
+// remembered so it can be shown once a results file is picked.
+struct ResultsChoice {
+  int kind = 0;
+  int index = 0;
+};
+
 struct AppState {
+  AppState() = default;
+  explicit AppState(Installation where) : install(std::move(where)) {}
+
   Installation install;
   Project project;
   StartupTables tables;
+  // The building type last chosen, 1..42; 0 before any choice.
+  int buildingTypeNumber = 0;
+  ZoneListGrid zoneList;
+  ResultsChoice results;
 };
 
 }  // namespace marloven

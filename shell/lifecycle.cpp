@@ -10,6 +10,8 @@
 #include "common/text_lines.h"
 #include "project/project_reader.h"
 #include "project/project_writer.h"
+#include "project/zone_entry.h"
+#include "run/run_copy.h"
 #include "shell/error_report.h"
 #include "shell/file_names.h"
 #include "shell/startup.h"
@@ -215,11 +217,7 @@ Next Lifecycle::runRequested(int kind) {
   if (kind == 1) {
     // Error Check Only: the check is that the model can be written as a run copy.
     try {
-      writeFileAtomic(state_.install.scratchFile("ecalc$.tmp"), "1\r\n");
-      ColumnPrinter out;
-      printHeader(out, p.seed, p.weeksPerMonth, p.units);
-      writeProjectStraight(out, p, sketchLinesIfAny(state_.install));
-      writeFileAtomic(state_.install.scratchFile("ecalc$.inp"), out.str());
+      writeErrorCheck(state_.install.dir(), p);
       menu_.enableViewMenu();
     } catch (const FileError& e) {
       reportError(prompt_, e);
@@ -328,6 +326,92 @@ Next Lifecycle::view(int index) {
       return Next::Tabular;
     default: return Next::SelectView;
   }
+}
+
+Next Lifecycle::results(int kind, int index) {
+  state_.results = {kind, index};
+  return state_.project.flags.outputViewable ? Next::Results : Next::SelectView;
+}
+
+Next Lifecycle::openSketch() {
+  Project& p = state_.project;
+  p.flags.stepDone[4] = true;
+  p.flags.projectNameChanged = {};
+  p.flags.zoneKey = false;
+  for (int r = 1; r < ZoneListGrid::kRows - 1; ++r) {
+    state_.zoneList.cells[r][0].clear();
+    state_.zoneList.cells[r][1].clear();
+  }
+  for (ZoneRecord& z : p.zones) z.existedBeforeSketch = z.named = false;
+  menu_.sketchOpened();
+
+  if (p.flags.sketchCount == 0 && !p.flags.fromFile) {
+    // A new project's first sketch starts from the template.
+    try {
+      writeFileAtomic(state_.install.sketchFile(),
+                      readFile(joinPath(state_.install.dir(), "sketch/bld_mtx2.000")));
+      p.flags.newSketch = true;
+    } catch (const FileError& e) {
+      reportError(prompt_, e);
+      return Next::Stay;
+    }
+  }
+  p.flags.resketched = true;
+  ++p.flags.sketchCount;
+  return Next::Sketch;
+}
+
+Next Lifecycle::enterZones() {
+  Project& p = state_.project;
+  if (!p.flags.stepDone[1] && !p.flags.fromFile) {
+    prompt_.message(Icon::Exclamation, "Error",
+                    "Zone data cannot be edited because you have not entered the Project Information data.  "
+                    "Please click the Project Information button.");
+    return Next::Stay;
+  }
+  for (int z = 1; z <= p.zoneCount; ++z)
+    if (p.zones[z].rowCount > kMaxSurfaceRows)
+      prompt_.message(Icon::Exclamation, "Error",
+                      "The number of exterior surfaces in zone " + p.zones[z].listedName +
+                          " has exceeded the maximum of 33.  Return to the sketch and simplify the zone.");
+
+  auto& grid = state_.zoneList.cells;
+  for (int r = 1; r < ZoneListGrid::kRows - 1; ++r) {
+    ZoneRecord& z = p.zones[r];
+    if (r > p.zoneCount) {
+      grid[r] = {};
+      continue;
+    }
+    const std::string area = padded(z.listedFloorArea);
+    grid[r] = {z.listedId, z.listedName, area};
+    z.fields[kZoneId] = z.listedId;
+    z.fields[kZoneName] = z.listedName;
+    z.fields[kZoneFloorArea] = area;
+  }
+
+  if (p.flags.resketched) {
+    try {
+      // Works on a copy: a missing or damaged file leaves the zones as they were.
+      Project next = p;
+      next.data[kFloorArea] = padded(p.sketchFloorArea);
+      next.data[kOrientation] = p.sketchOrientation;
+      loadZoneDataAfterSketch(state_.install.dir(), next, state_.buildingTypeNumber);
+      p = std::move(next);
+    } catch (const FileError& e) {
+      // Too many rows is the zone's own fault, already named above.
+      if (e.number() == err::kSubscriptOutOfRange) {
+        reportError(prompt_, e);
+        return Next::Stay;
+      }
+      prompt_.message(Icon::Exclamation, "Zone data access Error",
+                      "You have not drawn your building, or you have not named the building zone(s).  "
+                      "Please return to the sketch program.");
+      return Next::Stay;
+    }
+  }
+  p.flags.resketched = false;
+  p.flags.zonesOpened = true;
+  return Next::ZoneList;
 }
 
 void Lifecycle::cleanUpAndQuit() { menu_.exit(); }

@@ -24,6 +24,8 @@ enum class Next {
   SelectView,
   Tabular,
   Results,  // a report section or chart of the current output
+  Sketch,
+  ZoneList,
   Quit,
 };
 
@@ -65,6 +67,15 @@ class Lifecycle {
 
   // View menu entries 6..12.
   Next view(int index);
+  // A report section (kind 6, Table 1..8) or chart (kind 10, Graph 1..7):
+  // Results when output is viewable, otherwise a results file is picked first.
+  Next results(int kind, int index);
+
+  // Input step 4: marks the zone data out of date and prepares the sketch file.
+  Next openSketch();
+  // Input step 5: the checks, then the zone list and, after a sketch, the
+  // defaults and the zone rows the sketch made.
+  Next enterZones();
 
  private:
   void cleanUpAndQuit();

@@ -89,6 +89,8 @@ class MainMenu {
   // Retrieve or save: every step, the Analysis and the View menu come on.
   void projectOpened();
   void enableViewMenu() { viewMenuEnabled_ = true; }
+  // Opening the sketch: the zones may be entered from now on.
+  void sketchOpened() { stepEnabled_[5] = true; }
 
  private:
   AppState& state_;

@@ -6,7 +6,9 @@
 #include <csignal>
 #include <string>
 
+#include "common/file_error.h"
 #include "common/file_io.h"
+#include "common/number_text.h"
 #include "common/text_lines.h"
 #include "support/fake_prompt.h"
 #include "shell/file_names.h"
@@ -18,6 +20,7 @@ namespace {
 
 using testing::FakePrompt;
 using testing::TempInstall;
+using testing::crlf;
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 
 const std::string kFixture = std::string(FIXTURE_DIR) + "/full_project.inp";
@@ -226,6 +229,150 @@ TEST(Lifecycle, ExitQuestionAndItsThreeWays) {
   EXPECT_EQ(y.t.read("trial.ot2"), "report\r\n");
   EXPECT_TRUE(y.t.exists("trial-ot2.flt"));
   EXPECT_FALSE(y.t.exists("trial-ot2-Energy.hry"));  // no hourly files were made
+}
+
+TEST(Lifecycle, OpeningTheSketchHoldsRunAndSaveUntilTheZonesArePassedAgain) {
+  Session x;
+  x.retrieveFixture();
+  x.s.zoneList.cells[3] = {"3", "Gym", " 900"};
+  x.p().flags.projectNameChanged = {true, true};
+  ASSERT_EQ(x.life.openSketch(), Next::Sketch);
+  EXPECT_TRUE(x.p().flags.resketched);
+  EXPECT_EQ(x.p().flags.sketchCount, 1);
+  EXPECT_FALSE(x.p().flags.newSketch);  // a project from a file keeps its own sketch
+  EXPECT_FALSE(x.p().flags.projectNameChanged[0]);
+  EXPECT_EQ(x.s.zoneList.cells[3][0], "");
+  EXPECT_EQ(x.s.zoneList.cells[3][2], " 900");  // only ID and name are cleared
+  EXPECT_FALSE(x.p().zones[1].named);
+
+  EXPECT_EQ(x.life.runRequested(3), Next::Stay);
+  EXPECT_EQ(x.life.saveRequested(), Next::Stay);
+  EXPECT_EQ(x.prompt.log.size(), 2u);
+
+  // The sketch left the zones as the file had them; entering them merges the
+  // scratch rows and clears the hold.
+  const int rows = x.p().zones[1].rowCount;
+  ASSERT_EQ(x.life.enterZones(), Next::ZoneList);
+  EXPECT_FALSE(x.p().flags.resketched);
+  EXPECT_TRUE(x.p().flags.zonesOpened);
+  EXPECT_EQ(x.p().zones[1].rowCount, rows);
+  EXPECT_EQ(x.s.zoneList.cells[1][0], x.p().zones[1].listedId);
+  EXPECT_EQ(x.s.zoneList.cells[1][1], x.p().zones[1].listedName);
+  EXPECT_EQ(x.s.zoneList.cells[x.p().zoneCount + 1][0], "");
+  EXPECT_EQ(x.p().data[kFloorArea], padded(x.p().sketchFloorArea));
+  EXPECT_EQ(x.life.saveRequested(), Next::SaveInputDialog);
+  x.prompt.answers = {Answer::Yes, Answer::Yes};  // the sketch warning, then run unsaved
+  EXPECT_EQ(x.life.runRequested(3), Next::RunSimulation);
+}
+
+TEST(Lifecycle, AFirstSketchStartsFromTheTemplate) {
+  Session x;
+  EXPECT_EQ(x.life.openSketch(), Next::Stay);  // no template in this tree
+  EXPECT_EQ(x.prompt.log.back().title, errorTitle(53));
+  EXPECT_TRUE(x.menu.stepEnabled(5));
+
+  Session y;
+  y.t.write("sketch/bld_mtx2.000", "template\r\n");
+  y.t.write("sketch/bld_mtx.all", "old building\r\n");
+  EXPECT_EQ(y.life.openSketch(), Next::Sketch);
+  EXPECT_EQ(y.t.read("sketch/bld_mtx.all"), "template\r\n");
+  EXPECT_TRUE(y.p().flags.newSketch);
+  // The second opening keeps what was drawn.
+  y.t.write("sketch/bld_mtx.all", "drawn\r\n");
+  y.p().flags.newSketch = false;
+  EXPECT_EQ(y.life.openSketch(), Next::Sketch);
+  EXPECT_EQ(y.t.read("sketch/bld_mtx.all"), "drawn\r\n");
+  EXPECT_EQ(y.p().flags.sketchCount, 2);
+}
+
+// A new project whose sketch gave two zones, with the shipped catalogs and
+// profiles in the tree.
+struct SketchedSession : Session {
+  SketchedSession() {
+    for (int k = 1; k <= 7; ++k) {
+      const std::string f = "profiles/bprof" + std::to_string(k) + ".dat";
+      t.write(f, readFile(std::string(MARLOVEN_SOURCE_DIR) + "/install/" + f));
+    }
+    s.buildingTypeNumber = 24;
+    p().flags.stepDone[1] = true;
+    p().flags.resketched = true;
+    p().zoneCount = 2;
+    p().sketchFloorArea = 1800;
+    p().sketchOrientation = "15";
+    const char* names[] = {"", "Office", "Hall"};
+    for (int z = 1; z <= 2; ++z) {
+      ZoneRecord& r = p().zones[z];
+      r.listedId = "1" + std::to_string(z);
+      r.listedName = names[z];
+      r.listedFloorArea = z == 1 ? 1000.0f : 800.0f;
+    }
+  }
+  void writeZone(const std::string& id, int rows) {
+    std::string bytes;
+    for (int i = 0; i < rows; ++i)
+      bytes += crlf({" 1  ", " 400 ", "0", "2   ", "  0  0 N", " 1  ", "0.0 ", "90", "B", "0", "0", " 2.5 ",
+                     " 7.5 ", "0.0"});
+    t.write("temp/temp" + id + ".zon", bytes + "end\r\n");
+  }
+};
+
+TEST(Lifecycle, EnteringZonesAfterASketchFillsTheListAndTheDefaults) {
+  SketchedSession x;
+  x.writeZone("11", 2);
+  x.writeZone("12", 40);
+  x.p().zones[2].rowCount = 40;  // as the sketch counted them
+  EXPECT_EQ(x.life.enterZones(), Next::Stay);
+  EXPECT_EQ(x.prompt.titlesAndTexts(),
+            (Pairs{{"Error", "The number of exterior surfaces in zone Hall has exceeded the maximum of 33.  "
+                             "Return to the sketch and simplify the zone."},
+                   {errorTitle(9), errorMessage(9)}}));
+  EXPECT_TRUE(x.p().flags.resketched);
+
+  x.writeZone("12", 33);
+  ASSERT_EQ(x.life.enterZones(), Next::ZoneList);
+  EXPECT_EQ(x.s.zoneList.cells[1], (std::array<std::string, 3>{"11", "Office", " 1000"}));
+  EXPECT_EQ(x.p().zones[2].fields[kZoneName], "Hall");
+  EXPECT_EQ(x.p().zones[2].fields[kZoneFloorArea], " 800");
+  EXPECT_EQ(x.p().data[kFloorArea], " 1800");
+  EXPECT_EQ(x.p().data[kOrientation], "15");
+  EXPECT_EQ(x.p().walls[8].id(), "8");
+  EXPECT_EQ(x.p().profiles.of(ProfileKind::Occ)[24].id, " 24");
+  EXPECT_EQ(x.p().zones[1].rowCount, 2);
+  EXPECT_EQ(x.p().zones[2].rowCount, kMaxSurfaceRows);
+  EXPECT_TRUE(x.p().flags.zonesOpened);
+}
+
+TEST(Lifecycle, ZoneEntryRefusalsLeaveTheZonesAlone) {
+  SketchedSession x;
+  x.p().flags.stepDone[1] = false;
+  EXPECT_EQ(x.life.enterZones(), Next::Stay);
+  EXPECT_EQ(x.prompt.log.back().text,
+            "Zone data cannot be edited because you have not entered the Project Information data.  Please "
+            "click the Project Information button.");
+  EXPECT_EQ(x.s.zoneList.cells[1][0], "");
+
+  x.p().flags.stepDone[1] = true;
+  x.writeZone("11", 1);  // zone 12 was never named, so it has no file
+  EXPECT_EQ(x.life.enterZones(), Next::Stay);
+  EXPECT_EQ(x.prompt.titlesAndTexts().back(),
+            (std::pair<std::string, std::string>{
+                "Zone data access Error",
+                "You have not drawn your building, or you have not named the building zone(s).  Please "
+                "return to the sketch program."}));
+  EXPECT_TRUE(x.p().flags.resketched);
+  EXPECT_EQ(x.p().zones[1].rowCount, 0);
+  EXPECT_EQ(x.p().walls[8].id(), "");
+  EXPECT_EQ(x.p().data[kFloorArea], "");
+}
+
+TEST(Lifecycle, TablesAndChartsPickAResultsFileWhileNoneIsViewable) {
+  Session x;
+  EXPECT_EQ(x.life.results(6, 3), Next::SelectView);
+  EXPECT_EQ(x.s.results.kind, 6);
+  EXPECT_EQ(x.s.results.index, 3);
+  x.p().flags.outputViewable = true;
+  EXPECT_EQ(x.life.results(10, 7), Next::Results);
+  EXPECT_EQ(x.s.results.kind, 10);
 }
 
 }  // namespace

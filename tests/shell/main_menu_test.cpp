@@ -22,7 +22,7 @@ struct Fixture {
   ~Fixture() { fs::current_path(cwd); }
   fs::path cwd = fs::current_path();
   TempInstall tree;
-  AppState state{Installation(tree.dir()), {}, {}};
+  AppState state{Installation(tree.dir())};
   FakePrompt prompt;
   MainMenu menu{state, prompt};
 };

@@ -21,7 +21,7 @@ using Log = std::vector<std::pair<std::string, std::string>>;
 
 struct Fixture {
   TempInstall tree;
-  AppState state{Installation(tree.dir()), {}, {}};
+  AppState state{Installation(tree.dir())};
   FakePrompt prompt;
   MainForm form{state, prompt};
 };

@@ -70,7 +70,7 @@ TEST(StartUp, MissingType17IsError53YetEverythingElseLoads) {
   t.write("btype/bdtype42.dat", crlf({"School/ Elementary  SE", "second line"}));
   fs::remove(t.path("btype/bdtype17.dat"));
   t.write("temp/ecalc$.unt", "1\r\n");
-  AppState s{Installation(t.dir()), {}, {}};
+  AppState s{Installation(t.dir())};
   const auto error = startUp(s, Date{2026, 11, 22});
   ASSERT_TRUE(error.has_value());
   EXPECT_EQ(error->number(), 53);
@@ -112,7 +112,7 @@ TEST(StartupTables, DamagedFilesReportTheirErrorNumber) {
 TEST(StartUp, CompleteTreeHasNoErrorAndResetsTheModel) {
   TempInstall t;
   t.writeStartupData();
-  AppState s{Installation(t.dir()), {}, {}};
+  AppState s{Installation(t.dir())};
   Project& p = s.project;
   p.units = UnitSystem::IP;
   p.fileName = p.outputFileName = "old";
