@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "screens/project_file_dialog.h"
+#include "screens/step_icons.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
 #include "shell/file_names.h"
@@ -31,18 +32,10 @@ QString menuText(const std::string& caption) {
   return s;
 }
 
-// Standard icons that come in 32 pixels or more, so the captions line up.
-constexpr std::array<QStyle::StandardPixmap, kMainMenuSteps + 1> kStepIcons = {
-    QStyle::SP_CustomBase,         QStyle::SP_FileDialogInfoView,
-    QStyle::SP_DialogOpenButton,   QStyle::SP_FileDialogDetailedView,
-    QStyle::SP_DialogResetButton,  QStyle::SP_FileDialogListView,
-    QStyle::SP_MediaPlay};
-
-QToolButton* iconButton(const QString& text, QStyle::StandardPixmap icon, int iconSize,
-                        QWidget* parent) {
+QToolButton* iconButton(const QString& text, const QIcon& icon, int iconSize, QWidget* parent) {
   auto* b = new QToolButton(parent);
   b->setText(text);
-  b->setIcon(parent->style()->standardIcon(icon));
+  b->setIcon(icon);
   b->setIconSize(QSize(iconSize, iconSize));
   b->setAutoRaise(true);
   return b;
@@ -95,7 +88,7 @@ QWidget* MainMenuWindow::buildSteps() {
   stepsLayout->addWidget(heading);
   for (int i = 1; i <= kMainMenuSteps; ++i) {
     // One button holds label and icon, so a click on either does the same.
-    QToolButton* b = iconButton(kStepCaptions[i], kStepIcons[i], 32, panel);
+    QToolButton* b = iconButton(kStepCaptions[i], stepIcon(i), 40, panel);
     b->setObjectName(QString("step%1").arg(i));
     b->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     QFont f = b->font();
@@ -108,9 +101,9 @@ QWidget* MainMenuWindow::buildSteps() {
     stepsLayout->addWidget(b, 0, Qt::AlignLeft);
   }
 
-  sample_ = iconButton(tr("Sample Projects"), QStyle::SP_DirIcon, 40, central);
+  sample_ = iconButton(tr("Sample Projects"), sampleProjectsIcon(), 48, central);
   sample_->setObjectName("Picture1");
-  previousOutput_ = iconButton(tr("Previous Output"), QStyle::SP_FileDialogContentsView, 40, central);
+  previousOutput_ = iconButton(tr("Previous Output"), previousOutputIcon(), 48, central);
   previousOutput_->setObjectName("Picture2");
   for (QToolButton* b : {sample_, previousOutput_}) b->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   auto* side = new QVBoxLayout;

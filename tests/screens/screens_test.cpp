@@ -126,7 +126,14 @@ class ScreensTest : public QObject {
     QTest::mouseClick(d.mainForm().continueButton(), Qt::LeftButton);
     auto& m = d.mainMenu();
     QVERIFY(m.isVisible());
-    for (int step = 1; step <= 6; ++step) QCOMPARE(m.stepButton(step)->isEnabled(), step <= 4);
+    for (int step = 1; step <= 6; ++step) {
+      QCOMPARE(m.stepButton(step)->isEnabled(), step <= 4);
+      // Each step has its own artwork, with a disabled form of its own.
+      const QIcon icon = m.stepButton(step)->icon();
+      QVERIFY(!icon.pixmap(32, QIcon::Normal).isNull());
+      QVERIFY(icon.pixmap(32, QIcon::Disabled).toImage() != icon.pixmap(32, QIcon::Normal).toImage());
+      if (step > 1) QVERIFY(icon.pixmap(32).toImage() != m.stepButton(step - 1)->icon().pixmap(32).toImage());
+    }
     QCOMPARE(m.stepButton(5)->text(), QString("5. Zone Description Parameters"));
     QVERIFY(!m.menu(MenuId::Analysis)->menuAction()->isEnabled());
     QVERIFY(m.menu(MenuId::File)->menuAction()->isEnabled());
