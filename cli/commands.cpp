@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/context.h"
+#include "cli/report_commands.h"
 
 #include <filesystem>
 #include <functional>
@@ -29,7 +30,9 @@ constexpr const char* kUsage =
     "  inp convert --to ip|si IN OUT\n"
     "                        read a project file and write it in the other unit system\n"
     "  inp check IN          read a project file and write the run copy of an error check\n"
-    "                        (temp/ecalc$.inp and the control file temp/ecalc$.tmp)\n";
+    "                        (temp/ecalc$.inp and the control file temp/ecalc$.tmp)\n"
+    "  report front IN [--period FROM TO] [--weeks 1..4] [--skip MONTH,...]\n"
+    "                        write the report's front part temp/ecalc$.out as a run would\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -98,6 +101,7 @@ const std::map<std::string, Command>& commands() {
       {"inp normalize", normalize},
       {"inp convert", convert},
       {"inp check", check},
+      {"report front", reportFront},
   };
   return table;
 }

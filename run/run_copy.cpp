@@ -22,4 +22,12 @@ void writeErrorCheck(const std::string& installDir, Project& p) {
   writeFileAtomic(joinPath(installDir, "temp/ecalc$.inp"), runCopyText(installDir, p));
 }
 
+int firstDayOfYear(int year) {
+  const int y = year - 1980;
+  // Floor division, so years before 1980 count back correctly.
+  const int leap = (y + 3 >= 0) ? (y + 3) / 4 : -((-(y + 3) + 3) / 4);
+  const int d = (y + leap + 2) % 7;
+  return (d < 0 ? d + 7 : d) + 1;
+}
+
 }  // namespace marloven

@@ -19,4 +19,8 @@ std::string runCopyText(const std::string& installDir, Project& p);
 // The check is that the model can be written; FileError when it cannot.
 void writeErrorCheck(const std::string& installDir, Project& p);
 
+// The week-day of 1 January of a year, 1 Sunday .. 7 Saturday, as the
+// control file gives it to the engine.
+int firstDayOfYear(int year);
+
 }  // namespace marloven

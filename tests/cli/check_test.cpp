@@ -45,5 +45,28 @@ TEST(Check, ABadProjectLeavesNoNewRunCopy) {
   EXPECT_EQ(runCli({"--install", inst.dir(), "inp", "check"}), 2);
 }
 
+TEST(ReportFront, WritesTheFrontPartAsARunWould) {
+  TempInstall inst;
+  inst.write("btype/tcool.dat", "HVAC TABLE\r\n");
+  inst.write("in.inp", fixture("full_project.inp"));
+  std::string out, err;
+  ASSERT_EQ(runCli({"--install", inst.dir(), "report", "front", inst.path("in.inp").string(), "--period", "1-Mar",
+                    "30-Sep", "--weeks", "2", "--skip", "Jul,Aug"},
+                   &out, &err),
+            0)
+      << err;
+  const std::string report = inst.read("temp/ecalc$.out");
+  EXPECT_NE(report.find("Simulation period is: 1-Mar-"), std::string::npos);
+  EXPECT_NE(report.find("Weeks per month simulated will be 2."), std::string::npos);
+  EXPECT_NE(report.find("Unoccupied months are: July, August."), std::string::npos);
+  EXPECT_NE(report.find("\r\nII.  Z O N E"), std::string::npos);
+  EXPECT_TRUE(inst.exists("temp/ltshlf.dat"));  // the fixture has daylighted zones
+
+  EXPECT_EQ(runCli({"--install", inst.dir(), "report", "front", inst.path("in.inp").string(), "--period", "31-Foo",
+                    "1-Jan"}),
+            2);
+  EXPECT_EQ(runCli({"--install", inst.dir(), "report", "front", inst.path("in.inp").string(), "--weeks", "5"}), 2);
+}
+
 }  // namespace
 }  // namespace marloven::testing
