@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/context.h"
+#include "cli/weather_commands.h"
 
 #include <filesystem>
 #include <functional>
@@ -26,7 +27,10 @@ constexpr const char* kUsage =
     "commands:\n"
     "  inp normalize IN OUT  read a project file and write it back as a save would\n"
     "  inp convert --to ip|si IN OUT\n"
-    "                        read a project file and write it in the other unit system\n";
+    "                        read a project file and write it in the other unit system\n"
+    "  weather import FILE.epw [--group NAME] [--city NAME]\n"
+    "                        add the monthly statistics of a recorded hourly weather file\n"
+    "                        to weather/weth.asc (group: the state or country of the file)\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -78,6 +82,7 @@ const std::map<std::string, Command>& commands() {
   static const std::map<std::string, Command> table = {
       {"inp normalize", normalize},
       {"inp convert", convert},
+      {"weather import", weatherImport},
   };
   return table;
 }
