@@ -4,8 +4,8 @@
 // A record is exactly 10 lines:
 //
 //   "Co","Colorad"
-//   "DENVER INTL AP, Colorado !           " "725650" 39.8  104.7  105 5430
-//     30.7  34.4 ...                                  (8 rows of 12 values)
+//   "DENVER INTL AP, Colorado !           " "725650" 39.8  104.7  105 5413
+//     33.4  31.9    43  42.5  59.9 ...                (8 rows of 12 values)
 //
 // Line 1: a 2-character code and the group name cut to 7 characters. Line 2:
 // the location text "city, state" with optional marks ("!", "#", "*", "@", a
