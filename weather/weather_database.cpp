@@ -55,7 +55,8 @@ std::string_view lineAt(std::string_view text, const LineIndex& idx, std::size_t
 // Number of whole records in the text; FileError 62 for a partial last one.
 std::size_t recordCount(const LineIndex& idx) {
   const std::size_t lines = idx.start.size();
-  if (lines % kWeatherRecordLines != 0)
+  // Past the records the program looks at, a partial record is never read.
+  if (lines % kWeatherRecordLines != 0 && lines < std::size_t{kMaxWeatherRecords} * kWeatherRecordLines)
     throw FileError(err::kInputPastEnd,
                     "weth.asc: record " + std::to_string(lines / kWeatherRecordLines + 1) + " is incomplete");
   return lines / kWeatherRecordLines;
