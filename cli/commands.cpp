@@ -2,6 +2,7 @@
 
 #include "cli/context.h"
 #include "cli/report_commands.h"
+#include "cli/weather_commands.h"
 
 #include <filesystem>
 #include <functional>
@@ -32,7 +33,10 @@ constexpr const char* kUsage =
     "  inp check IN          read a project file and write the run copy of an error check\n"
     "                        (temp/ecalc$.inp and the control file temp/ecalc$.tmp)\n"
     "  report front IN [--period FROM TO] [--weeks 1..4] [--skip MONTH,...]\n"
-    "                        write the report's front part temp/ecalc$.out as a run would\n";
+    "                        write the report's front part temp/ecalc$.out as a run would\n"
+    "  weather import FILE.epw [--group NAME] [--city NAME]\n"
+    "                        add the monthly statistics of a recorded hourly weather file\n"
+    "                        to weather/weth.asc (group: the state or country of the file)\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -102,6 +106,7 @@ const std::map<std::string, Command>& commands() {
       {"inp convert", convert},
       {"inp check", check},
       {"report front", reportFront},
+      {"weather import", weatherImport},
   };
   return table;
 }

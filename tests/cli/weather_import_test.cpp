@@ -1,0 +1,87 @@
+// marloven-cli weather import: a recorded year added to the installation's
+// weather database with the Save As New rules.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/commands.h"
+#include "common/text_lines.h"
+#include "support/temp_install.h"
+#include "weather/weather_database.h"
+
+namespace marloven::testing {
+namespace {
+
+struct Result {
+  int status;
+  std::string out, err;
+};
+
+Result runCli(const std::vector<std::string>& args) {
+  std::ostringstream out, err;
+  const int status = cli::run(args, out, err);
+  return {status, out.str(), err.str()};
+}
+
+// A year of constant hours: 25 C, dew point 20 C, 300 Wh/m2 at noon, 3 m/s.
+std::string constantYear(const std::string& location) {
+  static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  std::string s = location + "\r\n";
+  for (int i = 0; i < 6; ++i) s += "HEADER\r\n";
+  s += "DATA PERIODS,1,1,Data,Sunday, 1/ 1,12/31\r\n";
+  for (int m = 1; m <= 12; ++m)
+    for (int d = 1; d <= kDays[m - 1]; ++d)
+      for (int h = 1; h <= 24; ++h)
+        s += "2001," + std::to_string(m) + "," + std::to_string(d) + "," + std::to_string(h) + ",0,?,25,20,74,101325,0,0,0," +
+             (h == 12 ? "300" : "0") + ",0,0,0,0,0,0,0,3,0,0\r\n";
+  return s;
+}
+
+TEST(WeatherImport, AddsRecordsToTheInstallationsDatabase) {
+  TempInstall inst;
+  inst.write("miami.epw", constantYear("LOCATION,Miami Intl Ap,FL,USA,TMY3,722020,25.82,-80.30,-5.0,11.0"));
+  inst.write("lyon.epw", constantYear("LOCATION,Lyon Bron AP,AR,FRA,TMYx,074800,45.7261,4.9378,1.0,198.0"));
+  const std::string miami = inst.path("miami.epw").string();
+
+  Result r = runCli({"--install", inst.dir(), "weather", "import", miami});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out, "record 1: Miami Intl Ap, Florida\n");
+  r = runCli({"--install", inst.dir(), "weather", "import", inst.path("lyon.epw").string(), "--group", "France"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out, "record 2: Lyon Bron AP, France\n");
+  // The same place again is refused; under another name it joins its group.
+  const std::string before = inst.read("weather/weth.asc");
+  r = runCli({"--install", inst.dir(), "weather", "import", miami});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("already has Miami Intl Ap, Florida"), std::string::npos) << r.err;
+  EXPECT_EQ(inst.read("weather/weth.asc"), before);
+  r = runCli({"--install", inst.dir(), "weather", "import", "--city", "Miami Beach", miami});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.out, "record 2: Miami Beach, Florida\n");
+
+  const auto lines = splitLines(inst.read("weather/weth.asc"));
+  ASSERT_EQ(lines.size(), 30u);
+  EXPECT_EQ(lines[11], "\"Miami Beach, Florida                 \" \"722020\" 25.8  80.3  75 36");
+  EXPECT_EQ(lines[12], "    77    77    77    77    77    77    77    77    77    77    77    77");
+  EXPECT_EQ(lines[21], "\"Lyon Bron AP, France !               \" \"074800\" 45.7 -4.9 -15 650");
+}
+
+TEST(WeatherImport, BadInputGivesAMessageAndLeavesTheDatabase) {
+  TempInstall inst;
+  inst.write("weather/weth.asc", "");
+  inst.write("data.csv", "Year,Month,Day\r\n");
+  Result r = runCli({"--install", inst.dir(), "weather", "import", inst.path("none.epw").string()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_EQ(r.err.rfind("Marloven Error #  53: ", 0), 0u) << r.err;
+  r = runCli({"--install", inst.dir(), "weather", "import", inst.path("data.csv").string()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("not a recorded weather file"), std::string::npos) << r.err;
+  r = runCli({"--install", inst.dir(), "weather", "import"});
+  EXPECT_EQ(r.status, 2);
+  r = runCli({"--install", inst.dir(), "weather", "import", "a.epw", "--group"});
+  EXPECT_EQ(r.status, 2);
+  EXPECT_EQ(inst.read("weather/weth.asc"), "");
+}
+
+}  // namespace
+}  // namespace marloven::testing
