@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/context.h"
+#include "cli/sketch_commands.h"
 
 #include <filesystem>
 #include <functional>
@@ -26,7 +27,9 @@ constexpr const char* kUsage =
     "commands:\n"
     "  inp normalize IN OUT  read a project file and write it back as a save would\n"
     "  inp convert --to ip|si IN OUT\n"
-    "                        read a project file and write it in the other unit system\n";
+    "                        read a project file and write it in the other unit system\n"
+    "  sketch extract [--from PROJECT.inp]\n"
+    "                        split sketch/bld_mtx.all, extract its zones and rebuild it\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -78,6 +81,7 @@ const std::map<std::string, Command>& commands() {
   static const std::map<std::string, Command> table = {
       {"inp normalize", normalize},
       {"inp convert", convert},
+      {"sketch extract", sketchExtract},
   };
   return table;
 }
