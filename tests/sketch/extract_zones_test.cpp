@@ -73,15 +73,6 @@ TEST(Extraction, TwentyByTenZoneMergesWallsAndSplitsTheFloorByRatio) {
                                       row(" 8  ", " 800 ", " 0 ", "6   "), row(" 14 ", " 360 ", " 0 ", "7   "),
                                       row(" 14 ", " 440 ", " 0 ", "72  ")}));
   EXPECT_FLOAT_EQ(x.totalFloorArea, 800);
-
-  // In SI the strip is 1 wide: 60 of 200 on 1 m cells, ratio 3.33.
-  Building si(1);
-  si.level(Plan().rect(21, 31, 10, 20, 1), 3.5f);
-  const auto siRows = briefRows(computeExtraction(si.m, si.levels, UnitSystem::SI), "temp11.zon");
-  ASSERT_EQ(siRows.size(), 7u);
-  EXPECT_EQ(siRows[0], row(" 1  ", " 70 ", " 0 ", "2   "));
-  EXPECT_EQ(siRows[5], row(" 14 ", " 60 ", " 0 ", "7   "));
-  EXPECT_EQ(siRows[6], row(" 14 ", " 140 ", " 0 ", "73  "));
 }
 
 TEST(Extraction, ThreeFloorTopLevelCountsAreaThriceRoofOnceWallsFullHeight) {
@@ -285,22 +276,6 @@ TEST(ExtractZones, WritesFilesZoneEntryReadsAndFillsTheModel) {
 
   EXPECT_EQ(inst.read("sketch/bld_mtx.all"), b.levels[0] + b.levels[1]);
   EXPECT_FALSE(inst.exists("sketch/bld_mtx.bak"));
-}
-
-TEST(ExtractZones, SiRowsCarryTheSiWindowDefaults) {
-  TempInstall inst;
-  Building b(1);
-  b.level(Plan().cell(30, 40, 1), 3.5f);
-  b.save(inst.dir());
-  Project p;
-  p.units = UnitSystem::SI;
-  FakePrompt prompt;
-  ASSERT_EQ(extractZones(b.m, inst.dir(), p, prompt), ExtractOutcome::Done);
-  const auto rows = scratchRows(inst.read("temp/temp11.zon"));
-  ASSERT_FALSE(rows.empty());
-  EXPECT_EQ(rows[0][11], " .75 ");
-  EXPECT_EQ(rows[0][12], " 2.25 ");
-  EXPECT_EQ(rows[0][1], " 3.5 ");
 }
 
 TEST(ExtractZones, ZoneElevenOfLevelOneAndZoneOneOfLevelElevenShareAFile) {
