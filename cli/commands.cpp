@@ -3,6 +3,7 @@
 #include "cli/context.h"
 #include "cli/report_commands.h"
 #include "cli/weather_commands.h"
+#include "cli/sketch_commands.h"
 
 #include <filesystem>
 #include <functional>
@@ -36,7 +37,9 @@ constexpr const char* kUsage =
     "                        write the report's front part temp/ecalc$.out as a run would\n"
     "  weather import FILE.epw [--group NAME] [--city NAME]\n"
     "                        add the monthly statistics of a recorded hourly weather file\n"
-    "                        to weather/weth.asc (group: the state or country of the file)\n";
+    "                        to weather/weth.asc (group: the state or country of the file)\n"
+    "  sketch extract [--from PROJECT.inp]\n"
+    "                        split sketch/bld_mtx.all, extract its zones and rebuild it\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -107,6 +110,7 @@ const std::map<std::string, Command>& commands() {
       {"inp check", check},
       {"report front", reportFront},
       {"weather import", weatherImport},
+      {"sketch extract", sketchExtract},
   };
   return table;
 }
