@@ -411,7 +411,7 @@ std::string writeComfort(const ReportContext& c, const LoadsResult& loads, int& 
     monthRow("HRS BELOW", [&](int m) { return t.below[m]; }, 0);
     monthRow("HRS WITHIN", [&](int m) { return t.within[m]; }, 0);
     monthRow("HRS ABOVE", [&](int m) { return t.above[m]; }, 0);
-    p.text("      ANNUAL MEAN").tab(17).text(numberField(toTemp(t.annualWeight > 0 ? t.annualSum / t.annualWeight : 0.0, si), 7, 1)).endLine();
+    p.text("      YEAR MEAN").tab(17).text(numberField(toTemp(t.annualWeight > 0 ? t.annualSum / t.annualWeight : 0.0, si), 7, 1)).endLine();
     p.endLine();
   }
   return p.take();
