@@ -1,0 +1,52 @@
+// Exterior surfaces: irradiance on each orientation group, shading factors,
+// the windows' angular response, and the equivalent outdoor temperature of
+// each construction (sol-air through its time lag and decrement factor).
+#pragma once
+
+#include <vector>
+
+#include "engine/model.h"
+#include "engine/weather.h"
+
+namespace tarn {
+
+// Beam factors of fins (gamma = solar minus surface azimuth in (-pi, pi]).
+double finRightBeam(double p, double gamma);
+double finLeftBeam(double p, double gamma);
+// Beam factor of an overhang for the window height hw, the gap from the window
+// top to the overhang and the depth ratio p over the height to the overhang.
+double overhangBeam(double p, double windowHeight, double gap, double tanProfile);
+// Beam factor of a far obstruction of elevation sine f.
+double obstructionBeam(double f, double tanProfile);
+// Sky diffuse factor of a fin or overhang of depth ratio p.
+double projectionSkyFactor(double p);
+// Normalised angular SHGC of clear double glazing at incidence cosine c.
+double angularShgc(double cosIncidence);
+
+// Irradiance of every orientation group at every hour of the year (Btu/ft²·h),
+// beam and sky already multiplied by the group's fin and obstruction factors.
+struct GroupIrradiance {
+  int groups = 0, hours = 0;
+  std::vector<double> beam, sky, ground, cosIncidence, tanProfile;  // [group * hours + hour]
+  std::vector<double> sunUp;  // per hour: sine of the sun's altitude at mid-hour
+  std::vector<double> sunAzimuth;
+  double at(const std::vector<double>& v, int g, int h) const { return v[static_cast<std::size_t>(g) * hours + h]; }
+};
+GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, const WeatherYear& w);
+
+// Sol-air temperature of a surface for one hour.
+double solAir(double outdoor, double absorptance, double irradiance, double wind, double tilt);
+
+// Periodic response: T_eq(t) = (1 − f)·mean of T over t−23..t + f·T(t − lag),
+// T cyclic over the year, T(t − lag) linearly interpolated.
+std::vector<double> periodicResponse(const std::vector<double>& series, double lag, double decrement);
+
+// Ground temperature at depth 3 or 6 ft for each day from the monthly mean
+// outdoor temperatures of the weather used.
+std::vector<double> groundTemperature(const WeatherYear& w, double depthFt);
+
+// The equivalent outdoor temperature of every exterior class, every hour.
+std::vector<std::vector<double>> exteriorTemperatures(const SimModel& m, const GroupIrradiance& irr,
+                                                      const WeatherYear& w);
+
+}  // namespace tarn

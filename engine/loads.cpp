@@ -1,0 +1,227 @@
+#include "engine/loads.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/envelope.h"
+#include "engine/psychro.h"
+#include "engine/zone_balance.h"
+
+namespace tarn {
+
+LoadRows LoadsResult::annualHeating() const {
+  LoadRows r;
+  for (const LoadRows& m : monthHeating) r.add(m, 1.0);
+  return r;
+}
+
+LoadRows LoadsResult::annualCooling() const {
+  LoadRows r;
+  for (const LoadRows& m : monthCooling) r.add(m, 1.0);
+  return r;
+}
+
+namespace {
+
+constexpr double kBtuPerWh = 3.412;
+constexpr double kDeviceThreshold = 30.0;  // Btu/h·ft² on the window
+
+struct ZoneState {
+  double thetaM = 68.0;
+  double w = 0.008;
+};
+
+}  // namespace
+
+LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& cal, bool passive,
+                     double comfortLowF, double comfortHighF) {
+  const GroupIrradiance irr = computeIrradiance(m.groups, w);
+  const std::vector<std::vector<double>> tEq = exteriorTemperatures(m, irr, w);
+
+  // Blind season: months warmer than the year's mean are summer.
+  std::array<bool, 13> summer{};
+  {
+    std::array<double, 12> monthly{};
+    double annual = 0;
+    for (int mo = 1; mo <= 12; ++mo) {
+      const int first = firstDayOfMonth(mo, w.year), len = daysInMonth(mo, w.year);
+      double s = 0;
+      for (int h = (first - 1) * 24; h < (first - 1 + len) * 24; ++h) s += w.hours[h].dryBulb;
+      monthly[mo - 1] = s / (len * 24.0);
+      annual += s;
+    }
+    annual /= static_cast<double>(w.hours.size());
+    for (int mo = 1; mo <= 12; ++mo) summer[mo] = monthly[mo - 1] > annual;
+  }
+
+  const std::size_t nz = m.zones.size();
+  LoadsResult res;
+  res.zones.resize(nz);
+  std::vector<ZoneState> state(nz);
+  std::vector<ZoneNetwork> nets(nz);
+  std::vector<double> hRoof(nz), hWall(nz);
+  for (std::size_t z = 0; z < nz; ++z) {
+    const ZoneModel& zm = m.zones[z];
+    nets[z] = {zm.hIs, zm.hMs, zm.capacity};
+    for (const ZoneElement& e : zm.elements) (e.roof ? hRoof[z] : hWall[z]) += e.conductance;
+    state[z].thetaM = 0.5 * (zm.lowerOcc[0] + zm.upperOcc[0]);
+    for (auto& t : res.zones[z].temps.max) t = -1e9;
+    for (auto& t : res.zones[z].temps.min) t = 1e9;
+  }
+
+  for (const RunDay& rd : cal.sequence) {
+    const DayInfo& day = cal.at(rd.day);
+    const int month = day.month - 1;
+    const double weight = day.weight;
+    for (int h = 0; h < 24; ++h) {
+      const int t = (rd.day - 1) * 24 + h;
+      const WeatherHour& wh = w.hours[t];
+      const double thetaO = wh.dryBulb;
+      const double pr = wh.pressure / 29.921;
+      const double cpAir = 1.08 * pr, latentAir = 4840.0 * pr;
+      const double wOut = humidityRatioFromDewPoint(wh.dewPoint, wh.pressure);
+      LoadRows heatHour, coolHour;
+      bool anyHeat = false, anyCool = false;
+
+      for (std::size_t z = 0; z < nz; ++z) {
+        const ZoneModel& zm = m.zones[z];
+        const bool occ = day.occupied;
+        const double fOcc = occ ? zm.occ[h] : zm.occBase;
+        const double fLite = occ ? zm.lite[h] : zm.liteBase;
+        const double fVent = occ ? zm.vent[h] : zm.ventBase;
+        const double low = occ ? zm.lowerOcc[h] : zm.lowerUnocc[h];
+        const double up = occ ? zm.upperOcc[h] : zm.upperUnocc[h];
+
+        const double peopleSens = 250.0 * zm.people * fOcc, peopleLat = 200.0 * zm.people * fOcc;
+        const double lights = zm.lightsW * fLite * kBtuPerWh, equip = zm.equipmentW * fLite * kBtuPerWh;
+        double solar = 0;
+        for (const WindowClass& wc : zm.windows) {
+          const double ct = irr.at(irr.cosIncidence, wc.group, t);
+          double beam = irr.at(irr.beam, wc.group, t);
+          const double sky = irr.at(irr.sky, wc.group, t), gnd = irr.at(irr.ground, wc.group, t);
+          double skyFactor = 1.0;
+          if (wc.overhang > 0) {
+            beam *= overhangBeam(wc.overhang, wc.height, wc.gapHeight, irr.at(irr.tanProfile, wc.group, t));
+            skyFactor = projectionSkyFactor(wc.overhang);
+          }
+          double attenuation = 1.0;
+          const bool inSeason = wc.season == 'B' || (wc.season == 'S') == summer[day.month];
+          if (inSeason && beam + sky + gnd > kDeviceThreshold) {
+            if (wc.blind == 1) attenuation *= 0.65;
+            if (wc.blind == 5) attenuation *= 0.15;
+            if (wc.shadeTau > 0) attenuation *= wc.shadeTau + 0.35 * (1.0 - wc.shadeTau);
+          }
+          solar += wc.areaShgc * (beam * angularShgc(ct) + 0.87 * (sky * skyFactor + gnd)) * attenuation;
+        }
+
+        double sumRoof = 0, sumWall = 0;
+        for (const ZoneElement& e : zm.elements) (e.roof ? sumRoof : sumWall) += e.conductance * tEq[e.cls][t];
+        HourInputs in;
+        in.thetaO = thetaO;
+        in.hX = zm.hWindow + hRoof[z] + hWall[z];
+        in.hXThetaX = zm.hWindow * thetaO + sumRoof + sumWall;
+        const double radiant = 0.6 * peopleSens + zm.lightsRadiant * lights + 0.3 * equip + solar;
+        in.phiIa = 0.4 * peopleSens + (1.0 - zm.lightsRadiant) * lights + 0.7 * equip;
+        in.phiM = zm.massShare * radiant;
+        in.phiSt = radiant - in.phiM;
+
+        const ZoneHour zh(nets[z], in, state[z].thetaM);
+        const double hInf = cpAir * zm.infiltrationCfm;
+        double hNv = 0, phi = 0;
+        const double free = zh.airTemperature(hInf, 0.0);
+        if (free < low) {
+          if (!passive) phi = zh.powerFor(hInf, low);
+        } else if (free > up) {
+          const bool windowsOpen = zm.naturalVent && zm.naturalVentMaxCfm > 0 && thetaO < up &&
+                                   thetaO >= comfortLowF && thetaO <= comfortHighF;
+          if (windowsOpen) {
+            const double need = zh.ventilationFor(hInf, up), most = cpAir * zm.naturalVentMaxCfm;
+            hNv = std::clamp(need, 0.0, most);
+          }
+          if (!passive && zh.airTemperature(hInf + hNv, 0.0) > up) phi = zh.powerFor(hInf + hNv, up);
+        }
+        const ZoneHour::Result r = zh.finish(hInf + hNv, phi);
+        ZoneState& st = state[z];
+        st.thetaM = r.thetaMNew;
+
+        LoadRows lr;
+        lr.rows[kRoof] = sumRoof - hRoof[z] * r.thetaS;
+        lr.rows[kWalls] = sumWall - hWall[z] * r.thetaS;
+        lr.rows[kWindowConduction] = zm.hWindow * (thetaO - r.thetaS);
+        lr.rows[kWindowSolar] = solar;
+        lr.rows[kLightsEquipment] = lights + equip;
+        lr.rows[kPeopleSensible] = peopleSens;
+        lr.rows[kInfiltrationSensible] = hInf * (thetaO - r.thetaA);
+        const double oaCfm = passive ? 0.0 : zm.outsideAirCfm * fVent;
+        const double oaSensible = cpAir * oaCfm * (thetaO - r.thetaA);
+        lr.rows[kVentilationSensible] = hNv * (thetaO - r.thetaA) + oaSensible;
+        lr.rows[kMassEffect] = -r.storage;
+        double sum = 0, scale = std::fabs(phi);
+        for (double v : lr.rows) sum += v, scale = std::max(scale, std::fabs(v));
+        const double load = -phi + oaSensible;  // coil sensible load, + cooling
+        if (scale > 0) res.balanceError = std::max(res.balanceError, std::fabs(sum - load) / scale);
+
+        // Moisture: the coil holds 50 % RH at the upper set-point in cooling
+        // hours; otherwise the room air follows a one-node balance.
+        const double nvCfm = cpAir > 0 ? hNv / cpAir : 0.0;
+        if (load > 0) {
+          st.w = humidityRatioFromRh(up, 0.5, wh.pressure);
+          lr.rows[kPeopleLatent] = peopleLat;
+          lr.rows[kInfiltrationLatent] = latentAir * zm.infiltrationCfm * (wOut - st.w);
+          lr.rows[kVentilationLatent] = latentAir * (nvCfm + oaCfm) * (wOut - st.w);
+          lr.total = load + lr.rows[kPeopleLatent] + lr.rows[kInfiltrationLatent] + lr.rows[kVentilationLatent];
+        } else {
+          const double rho = 0.075 * pr;
+          const double mass = 5.0 * rho * zm.volume;
+          const double flow = 60.0 * rho * (zm.infiltrationCfm + nvCfm + oaCfm);
+          st.w = (mass * st.w + flow * wOut + peopleLat / 1061.0) / (mass + flow);
+          lr.total = load;
+        }
+
+        if (!rd.accumulate) continue;
+        ZoneLoads& zl = res.zones[z];
+        if (!passive && load < 0) {
+          res.monthHeating[month].add(lr, weight);
+          heatHour.add(lr, 1.0);
+          anyHeat = true;
+          zl.heating += weight * lr.total;
+          zl.peakHeating = std::min(zl.peakHeating, lr.total);
+        } else if (!passive && load > 0) {
+          res.monthCooling[month].add(lr, weight);
+          coolHour.add(lr, 1.0);
+          anyCool = true;
+          zl.cooling += weight * lr.total;
+          zl.peakCooling = std::max(zl.peakCooling, lr.total);
+        }
+        ZoneTemperatures& tz = zl.temps;
+        const double ta = r.thetaA;
+        tz.sum[month][h] += weight * ta;
+        tz.weight[month][h] += weight;
+        tz.max[month] = std::max(tz.max[month], ta);
+        tz.min[month] = std::min(tz.min[month], ta);
+        tz.allMax = std::max(tz.allMax, ta);
+        tz.allMin = std::min(tz.allMin, ta);
+        tz.annualSum += weight * ta;
+        tz.annualWeight += weight;
+        const int band = ta < comfortLowF ? 0 : (ta > comfortHighF ? 2 : 1);
+        (band == 0 ? tz.below : band == 1 ? tz.within : tz.above)[month] += weight;
+        if (occ && fOcc > 0) (band == 0 ? tz.occBelow : band == 1 ? tz.occWithin : tz.occAbove) += weight;
+      }
+
+      if (!rd.accumulate) continue;
+      if (anyHeat) {
+        res.monthPeakHeating[month] = std::min(res.monthPeakHeating[month], heatHour.total);
+        if (!res.peakHeating.any || heatHour.total < res.peakHeating.load.total)
+          res.peakHeating = {true, heatHour, rd.day, h + 1};
+      }
+      if (anyCool) {
+        res.monthPeakCooling[month] = std::max(res.monthPeakCooling[month], coolHour.total);
+        if (!res.peakCooling.any || coolHour.total > res.peakCooling.load.total)
+          res.peakCooling = {true, coolHour, rd.day, h + 1};
+      }
+    }
+  }
+  return res;
+}
+
+}  // namespace tarn

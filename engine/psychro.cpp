@@ -1,0 +1,68 @@
+#include "engine/psychro.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tarn {
+
+double pressureAtElevation(double feet) {
+  return 29.921 * std::pow(1.0 - 6.8754e-6 * feet, 5.2559);
+}
+
+double saturationPressure(double tF) {
+  const double t = tF + 459.67;  // Rankine
+  if (tF < 32.0) {
+    const double c1 = -1.0214165e4, c2 = -4.8932428, c3 = -5.3765794e-3, c4 = 1.9202377e-7,
+                 c5 = 3.5575832e-10, c6 = -9.0344688e-14, c7 = 4.1635019;
+    const double lnp = c1 / t + c2 + c3 * t + c4 * t * t + c5 * t * t * t + c6 * t * t * t * t +
+                       c7 * std::log(t);
+    return std::exp(lnp) * 2.036021;  // psia -> in Hg
+  }
+  const double c8 = -1.0440397e4, c9 = -1.1294650e1, c10 = -2.7022355e-2, c11 = 1.2890360e-5,
+               c12 = -2.4780681e-9, c13 = 6.5459673;
+  const double lnp = c8 / t + c9 + c10 * t + c11 * t * t + c12 * t * t * t + c13 * std::log(t);
+  return std::exp(lnp) * 2.036021;
+}
+
+double humidityRatioFromDewPoint(double tdpF, double pInHg) {
+  const double pw = std::min(saturationPressure(tdpF), 0.99 * pInHg);
+  return 0.621945 * pw / (pInHg - pw);
+}
+
+double humidityRatioFromRh(double tF, double rh, double pInHg) {
+  const double pw = std::min(rh * saturationPressure(tF), 0.99 * pInHg);
+  return 0.621945 * pw / (pInHg - pw);
+}
+
+double relativeHumidity(double tF, double tdpF) {
+  return std::clamp(saturationPressure(std::min(tdpF, tF)) / saturationPressure(tF), 0.0, 1.0);
+}
+
+double dewPointFromRh(double tF, double rh) {
+  const double target = std::max(rh, 0.005) * saturationPressure(tF);
+  double lo = tF - 150.0, hi = tF;
+  for (int i = 0; i < 60; ++i) {
+    const double mid = 0.5 * (lo + hi);
+    (saturationPressure(mid) < target ? lo : hi) = mid;
+  }
+  return 0.5 * (lo + hi);
+}
+
+double wetBulb(double tF, double tdpF, double pInHg) {
+  const double w = humidityRatioFromDewPoint(std::min(tdpF, tF), pInHg);
+  // Humidity ratio that a wet bulb t* implies for air at t; decreasing in t*'s deficit.
+  auto impliedW = [&](double ts) {
+    const double ws = humidityRatioFromDewPoint(ts, pInHg);
+    if (ts >= 32.0)
+      return ((1093.0 - 0.556 * ts) * ws - 0.240 * (tF - ts)) / (1093.0 + 0.444 * tF - ts);
+    return ((1220.0 - 0.04 * ts) * ws - 0.240 * (tF - ts)) / (1220.0 + 0.444 * tF - 0.48 * ts);
+  };
+  double lo = std::min(tdpF, tF) - 1.0, hi = tF;
+  for (int i = 0; i < 60; ++i) {
+    const double mid = 0.5 * (lo + hi);
+    (impliedW(mid) < w ? lo : hi) = mid;
+  }
+  return 0.5 * (lo + hi);
+}
+
+}  // namespace tarn

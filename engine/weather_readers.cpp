@@ -1,0 +1,408 @@
+#include "engine/weather_readers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+#include "common/number_text.h"
+#include "common/text_lines.h"
+#include "engine/psychro.h"
+
+namespace tarn {
+
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kWhM2ToBtuFt2 = 0.3170;
+constexpr double kKjM2ToBtuFt2 = 0.08806;
+constexpr double kMsToMph = 2.23694;
+
+double cToF(double c) { return c * 1.8 + 32.0; }
+
+struct RawHour {
+  int month = 0, day = 0;
+  double db = kNaN, dp = kNaN, rh = kNaN, p = kNaN, gh = kNaN, dn = kNaN, dh = kNaN, wind = kNaN;
+};
+
+struct RawFile {
+  std::vector<RawHour> hours;
+  bool hasSite = false;
+  Site site;
+  std::string station;
+};
+
+const std::string kWhere = "ecalc$.tmy";
+
+std::string where(std::size_t line) { return kWhere + " line " + std::to_string(line); }
+
+// A number from a fixed column field; NaN when blank or not a number.
+double field(std::string_view line, std::size_t col, std::size_t width) {
+  const std::string_view s = marloven::midText(line, col, width);
+  std::size_t i = 0;
+  while (i < s.size() && s[i] == ' ') ++i;
+  if (i == s.size()) return kNaN;
+  double v = 0;
+  const char* b = s.data() + i;
+  if (*b == '+') ++b;
+  const auto r = std::from_chars(b, s.data() + s.size(), v);
+  if (r.ec != std::errc()) return kNaN;
+  return v;
+}
+
+double orNaN(double v, bool missing) { return missing ? kNaN : v; }
+
+// Splits a comma-separated line, honouring double quotes.
+std::vector<std::string> splitCsv(std::string_view line) {
+  std::vector<std::string> out(1);
+  bool quoted = false;
+  for (char c : line) {
+    if (c == '"') quoted = !quoted;
+    else if (c == ',' && !quoted) out.emplace_back();
+    else out.back() += c;
+  }
+  return out;
+}
+
+double num(const std::vector<std::string>& f, std::size_t i) {
+  if (i >= f.size()) return kNaN;
+  const std::string& s = f[i];
+  if (s.find_first_not_of(" \t") == std::string::npos) return kNaN;
+  return marloven::leadingNumber(s);
+}
+
+RawFile readEpw(const std::vector<std::string>& lines, RunLog& log) {
+  RawFile f;
+  if (!lines.empty() && lines[0].rfind("LOCATION,", 0) == 0) {
+    const auto loc = splitCsv(lines[0]);
+    if (loc.size() >= 10) {
+      f.hasSite = true;
+      f.site.latitude = num(loc, 6);
+      f.site.longitude = -num(loc, 7);
+      f.site.meridian = -15.0 * num(loc, 8);
+      f.site.elevation = num(loc, 9) / 0.3048;
+      f.station = loc[1] + " " + loc[2];
+    }
+  }
+  for (std::size_t i = 8; i < lines.size(); ++i) {
+    if (lines[i].find_first_not_of(" \t") == std::string::npos) continue;
+    const auto v = splitCsv(lines[i]);
+    if (v.size() < 22) {
+      log.warning(where(i + 1), "record with " + std::to_string(v.size()) + " fields skipped");
+      continue;
+    }
+    RawHour h;
+    h.month = static_cast<int>(num(v, 1));
+    h.day = static_cast<int>(num(v, 2));
+    const double db = num(v, 6), dp = num(v, 7), rh = num(v, 8), p = num(v, 9);
+    h.db = orNaN(cToF(db), !(db < 99.9));
+    h.dp = orNaN(cToF(dp), !(dp < 99.9));
+    h.rh = orNaN(rh / 100.0, !(rh >= 0 && rh <= 110));
+    h.p = orNaN(p / 3386.39, !(p > 0 && p < 999999));
+    const double gh = num(v, 13), dn = num(v, 14), dh = num(v, 15), ws = num(v, 21);
+    h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
+    h.dn = orNaN(dn * kWhM2ToBtuFt2, !(dn >= 0 && dn < 9999));
+    h.dh = orNaN(dh * kWhM2ToBtuFt2, !(dh >= 0 && dh < 9999));
+    h.wind = orNaN(ws * kMsToMph, !(ws >= 0 && ws < 999));
+    f.hours.push_back(h);
+  }
+  return f;
+}
+
+RawFile readTmy3(const std::vector<std::string>& lines) {
+  RawFile f;
+  if (!lines.empty()) {
+    const auto head = splitCsv(lines[0]);
+    if (head.size() >= 7) {
+      f.hasSite = true;
+      f.site.latitude = num(head, 4);
+      f.site.longitude = -num(head, 5);
+      f.site.meridian = -15.0 * num(head, 3);
+      f.site.elevation = num(head, 6) / 0.3048;
+      f.station = head[0] + " " + head[1] + " " + head[2];
+    }
+  }
+  for (std::size_t i = 2; i < lines.size(); ++i) {
+    const auto v = splitCsv(lines[i]);
+    if (v.size() < 47) continue;
+    RawHour h;
+    h.month = static_cast<int>(num(v, 0));
+    h.day = static_cast<int>(marloven::leadingNumber(v[0].substr(std::min<std::size_t>(3, v[0].size()))));
+    const double gh = num(v, 4), dn = num(v, 7), dh = num(v, 10), db = num(v, 31), dp = num(v, 34),
+                 rh = num(v, 37), p = num(v, 40), ws = num(v, 46);
+    h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
+    h.dn = orNaN(dn * kWhM2ToBtuFt2, !(dn >= 0 && dn < 9999));
+    h.dh = orNaN(dh * kWhM2ToBtuFt2, !(dh >= 0 && dh < 9999));
+    h.db = orNaN(cToF(db), !(db > -99 && db < 99.9));
+    h.dp = orNaN(cToF(dp), !(dp > -99 && dp < 99.9));
+    h.rh = orNaN(rh / 100.0, !(rh >= 0 && rh <= 110));
+    h.p = orNaN(p * 0.02953, !(p > 0 && p < 9999));
+    h.wind = orNaN(ws * kMsToMph, !(ws >= 0 && ws < 999));
+    f.hours.push_back(h);
+  }
+  return f;
+}
+
+RawFile readTmy2(const std::vector<std::string>& lines) {
+  RawFile f;
+  if (lines.empty()) return f;
+  const std::string& head = lines[0];
+  // Column positions as the NREL files have them (checked against a real .tm2).
+  const double tz = field(head, 34, 3), latD = field(head, 40, 2), latM = field(head, 43, 2),
+               lonD = field(head, 48, 3), lonM = field(head, 52, 2), elev = field(head, 56, 4);
+  if (!std::isnan(latD) && !std::isnan(lonD)) {
+    f.hasSite = true;
+    const double lat = latD + (std::isnan(latM) ? 0 : latM) / 60.0;
+    const double lon = lonD + (std::isnan(lonM) ? 0 : lonM) / 60.0;
+    f.site.latitude = marloven::midText(head, 38, 1) == "S" ? -lat : lat;
+    f.site.longitude = marloven::midText(head, 46, 1) == "E" ? -lon : lon;
+    f.site.meridian = std::isnan(tz) ? 15.0 * std::round(f.site.longitude / 15.0) : -15.0 * tz;
+    f.site.elevation = (std::isnan(elev) ? 0.0 : elev) / 0.3048;
+    f.station = std::string(marloven::midText(head, 2, 5)) + " " +
+                std::string(marloven::midText(head, 8, 22));
+    while (!f.station.empty() && f.station.back() == ' ') f.station.pop_back();
+  }
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    const std::string& l = lines[i];
+    if (l.size() < 98) continue;
+    RawHour h;
+    h.month = static_cast<int>(field(l, 4, 2));
+    h.day = static_cast<int>(field(l, 6, 2));
+    const double gh = field(l, 18, 4), dn = field(l, 24, 4), dh = field(l, 30, 4),
+                 db = field(l, 68, 4), dp = field(l, 74, 4), rh = field(l, 80, 3),
+                 p = field(l, 85, 4), ws = field(l, 96, 3);
+    h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
+    h.dn = orNaN(dn * kWhM2ToBtuFt2, !(dn >= 0 && dn < 9999));
+    h.dh = orNaN(dh * kWhM2ToBtuFt2, !(dh >= 0 && dh < 9999));
+    h.db = orNaN(cToF(db / 10.0), !(db > -999 && db < 9999));
+    h.dp = orNaN(cToF(dp / 10.0), !(dp > -999 && dp < 9999));
+    h.rh = orNaN(rh / 100.0, !(rh >= 0 && rh <= 110));
+    h.p = orNaN(p * 0.02953, !(p > 0 && p < 9999));
+    h.wind = orNaN(ws / 10.0 * kMsToMph, !(ws >= 0 && ws < 999));
+    f.hours.push_back(h);
+  }
+  return f;
+}
+
+RawFile readWyec2(const std::vector<std::string>& lines) {
+  RawFile f;
+  for (const std::string& l : lines) {
+    if (l.size() < 107) continue;
+    RawHour h;
+    h.month = static_cast<int>(field(l, 9, 2));
+    h.day = static_cast<int>(field(l, 11, 2));
+    const double gh = field(l, 19, 4), dn = field(l, 25, 4), dh = field(l, 31, 4),
+                 p = field(l, 84, 5), db = field(l, 90, 4), dp = field(l, 95, 4),
+                 ws = field(l, 104, 4);
+    h.gh = orNaN(gh * kKjM2ToBtuFt2, !(gh >= 0 && gh < 9999));
+    h.dn = orNaN(dn * kKjM2ToBtuFt2, !(dn >= 0 && dn < 9999));
+    h.dh = orNaN(dh * kKjM2ToBtuFt2, !(dh >= 0 && dh < 9999));
+    h.p = orNaN(p / 100.0 * 0.2953, !(p > 0 && p < 99999));
+    h.db = orNaN(cToF(db / 10.0), !(db > -999 && db < 9999));
+    h.dp = orNaN(cToF(dp / 10.0), !(dp > -999 && dp < 9999));
+    h.wind = orNaN(ws / 10.0 * kMsToMph, !(ws >= 0 && ws < 9999));
+    f.hours.push_back(h);
+  }
+  return f;
+}
+
+RawFile readCustom(const std::vector<std::string>& lines, RunLog& log) {
+  RawFile f;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::string l = lines[i];
+    const std::size_t first = l.find_first_not_of(" \t");
+    if (first == std::string::npos) continue;
+    if (!(l[first] >= '0' && l[first] <= '9') && l[first] != '-' && l[first] != '.') {
+      if (!f.hours.empty() || i >= 4) log.warning(where(i + 1), "comment line inside the data ignored");
+      continue;
+    }
+    std::replace(l.begin(), l.end(), ',', ' ');
+    std::vector<double> v;
+    std::size_t pos = 0;
+    while (pos < l.size()) {
+      while (pos < l.size() && (l[pos] == ' ' || l[pos] == '\t')) ++pos;
+      if (pos >= l.size()) break;
+      const std::size_t end = l.find_first_of(" \t", pos);
+      v.push_back(marloven::leadingNumber(l.substr(pos, end == std::string::npos ? end : end - pos)));
+      pos = end == std::string::npos ? l.size() : end;
+    }
+    if (v.size() < 10) {
+      log.warning(where(i + 1), "data line with fewer than 10 values skipped");
+      continue;
+    }
+    RawHour h;
+    h.month = static_cast<int>(v[1]);
+    h.day = static_cast<int>(v[2]);
+    h.db = v[4];
+    h.dp = v[5];
+    h.gh = orNaN(v[6], v[6] < 0);
+    h.dn = orNaN(v[7], v[7] < 0);
+    h.dh = orNaN(v[8], v[8] < 0);
+    h.wind = orNaN(v[9], v[9] < 0);
+    if (v.size() > 10 && v[10] > 0) h.p = v[10];
+    f.hours.push_back(h);
+  }
+  return f;
+}
+
+// Fills the gaps of one series: up to 6 hours linearly, longer gaps with the
+// same hour of the day before (or after, at the start of the file).
+void fillGaps(std::vector<double>& x) {
+  const std::size_t n = x.size();
+  std::size_t i = 0;
+  while (i < n) {
+    if (!std::isnan(x[i])) {
+      ++i;
+      continue;
+    }
+    std::size_t j = i;
+    while (j < n && std::isnan(x[j])) ++j;
+    const std::size_t len = j - i;
+    if (len <= 6 && i > 0 && j < n) {
+      for (std::size_t k = i; k < j; ++k)
+        x[k] = x[i - 1] + (x[j] - x[i - 1]) * static_cast<double>(k - i + 1) / static_cast<double>(len + 1);
+    } else {
+      for (std::size_t k = i; k < j; ++k) {
+        if (k >= 24 && !std::isnan(x[k - 24])) x[k] = x[k - 24];
+        else if (k + 24 < n && !std::isnan(x[k + 24])) x[k] = x[k + 24];
+        else if (i > 0) x[k] = x[i - 1];
+        else if (j < n) x[k] = x[j];
+        else x[k] = 0.0;
+      }
+    }
+    i = j;
+  }
+}
+
+// Erbs, Klein & Duffie hourly diffuse fraction.
+double erbsHourly(double kt) {
+  if (kt <= 0.22) return 1.0 - 0.09 * kt;
+  if (kt <= 0.80) return 0.9511 - 0.1604 * kt + 4.388 * kt * kt - 16.638 * kt * kt * kt + 12.336 * kt * kt * kt * kt;
+  return 0.165;
+}
+
+}  // namespace
+
+WeatherFormat detectFormat(std::string_view bytes, WeatherFormat declared) {
+  const std::size_t e1 = bytes.find_first_of("\r\n");
+  const std::string_view first = bytes.substr(0, e1);
+  if (first.rfind("LOCATION,", 0) == 0) return WeatherFormat::Epw;
+  if (e1 != std::string_view::npos) {
+    std::size_t s2 = e1;
+    while (s2 < bytes.size() && (bytes[s2] == '\r' || bytes[s2] == '\n')) ++s2;
+    if (bytes.substr(s2).rfind("Date (MM/DD/YYYY)", 0) == 0) return WeatherFormat::Tmy3;
+  }
+  return declared;
+}
+
+WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int year,
+                         const Site& projectSite, RunLog& log) {
+  const WeatherFormat format = detectFormat(bytes, declared);
+  if (format != declared)
+    log.warning(kWhere, "the file's content shows a different format than the control file names; read by its content");
+  const std::vector<std::string> lines = marloven::splitLines(bytes);
+  RawFile raw;
+  const char* name = "";
+  switch (format) {
+    case WeatherFormat::Tmy2: raw = readTmy2(lines); name = "TMY2"; break;
+    case WeatherFormat::Wyec2: raw = readWyec2(lines); name = "WYEC2"; break;
+    case WeatherFormat::Custom: raw = readCustom(lines, log); name = "CUSTOM"; break;
+    case WeatherFormat::Epw: raw = readEpw(lines, log); name = "IWEC (EPW)"; break;
+    case WeatherFormat::Tmy3: raw = readTmy3(lines); name = "TMY3 CSV"; break;
+    case WeatherFormat::Simulated: break;
+  }
+
+  const bool leap = isLeapYear(year);
+  const std::size_t need = leap ? 8784 : 8760;
+  std::vector<RawHour> hours;
+  hours.reserve(need);
+  const bool fileHasFeb29 = std::any_of(raw.hours.begin(), raw.hours.end(),
+                                        [](const RawHour& h) { return h.month == 2 && h.day == 29; });
+  for (std::size_t i = 0; i < raw.hours.size(); ++i) {
+    const RawHour& h = raw.hours[i];
+    if (h.month == 2 && h.day == 29 && !leap) continue;
+    hours.push_back(h);
+    // A common-year file run in a leap year repeats 28 February.
+    if (leap && !fileHasFeb29 && h.month == 2 && h.day == 28 &&
+        (i + 1 == raw.hours.size() || raw.hours[i + 1].month != 2 || raw.hours[i + 1].day != 28)) {
+      const std::size_t n = hours.size();
+      if (n >= 24)
+        for (std::size_t k = n - 24; k < n; ++k) hours.push_back(hours[k]);
+    }
+  }
+  if (hours.size() < need)
+    throw RunFailure(ExitCode::BadWeather, kWhere,
+                     std::string("recorded weather (") + name + ") has " + std::to_string(raw.hours.size()) +
+                         " hourly records; the year " + std::to_string(year) + " needs " +
+                         std::to_string(need));
+  hours.resize(need);
+
+  WeatherYear wy;
+  wy.year = year;
+  wy.days = leap ? 366 : 365;
+  wy.recordedHours = static_cast<int>(raw.hours.size());
+  wy.site = projectSite;
+  if (raw.hasSite) {
+    if (std::fabs(raw.site.latitude - projectSite.latitude) > 1.0 ||
+        std::fabs(raw.site.longitude - projectSite.longitude) > 1.0)
+      log.warning(kWhere, "the file's location differs from the project's by more than 1 degree; the file's is used for the sun");
+    wy.site = raw.site;
+  }
+  wy.source = std::string("RECORDED ") + name + " FILE" +
+              (raw.station.empty() ? std::string() : ", STATION " + raw.station) + ", " +
+              std::to_string(wy.recordedHours) + " HOURS";
+
+  // Dew point from RH where only RH is given.
+  for (RawHour& h : hours)
+    if (std::isnan(h.dp) && !std::isnan(h.rh) && !std::isnan(h.db)) h.dp = dewPointFromRh(h.db, h.rh);
+
+  auto series = [&](double RawHour::*m) {
+    std::vector<double> x(hours.size());
+    for (std::size_t i = 0; i < hours.size(); ++i) x[i] = hours[i].*m;
+    return x;
+  };
+  const std::vector<double> dnRaw = series(&RawHour::dn), dhRaw = series(&RawHour::dh);
+  auto db = series(&RawHour::db), dp = series(&RawHour::dp), gh = series(&RawHour::gh),
+       wind = series(&RawHour::wind), p = series(&RawHour::p);
+  const double pSite = pressureAtElevation(wy.site.elevation);
+  for (double& v : p)
+    if (std::isnan(v)) v = pSite;
+  for (auto* x : {&db, &dp, &gh, &wind}) fillGaps(*x);
+
+  wy.hours.resize(need);
+  const double lat = wy.site.latitude * kDeg;
+  for (std::size_t i = 0; i < need; ++i) {
+    WeatherHour& w = wy.hours[i];
+    w.dryBulb = db[i];
+    w.dewPoint = std::min(dp[i], db[i]);
+    w.pressure = p[i];
+    w.wind = std::max(0.0, wind[i]);
+    w.globalH = std::max(0.0, gh[i]);
+    const int day = static_cast<int>(i / 24) + 1;
+    const double hour = static_cast<double>(i % 24) + 0.5;
+    const DayAstro a = dayAstro(day);
+    const double omega = 15.0 * kDeg * (solarTime(hour, wy.site, a.equationOfTime) - 12.0);
+    const double sinAlt = sunVector(lat, a.declination, omega).u;
+    double dn = dnRaw[i], dh = dhRaw[i];
+    if (std::isnan(dn) || std::isnan(dh)) {
+      // Split the global by the hourly diffuse-fraction correlation.
+      const double kt = sinAlt > 0.02 ? std::min(1.0, w.globalH / (a.extraNormal * sinAlt)) : 0.0;
+      dh = std::isnan(dh) ? w.globalH * (sinAlt > 0.02 ? erbsHourly(kt) : 1.0) : dh;
+      dn = sinAlt > 0.02 ? std::max(0.0, w.globalH - dh) / sinAlt : 0.0;
+    }
+    w.diffuseH = std::max(0.0, dh);
+    w.directN = sinAlt > 0.0 ? std::max(0.0, dn) : 0.0;
+  }
+  // Daily clearness of the recorded days, for the weather summary.
+  wy.dailyClearness.assign(wy.days, 0.0);
+  for (int d = 1; d <= wy.days; ++d) {
+    double h = 0;
+    for (int k = 0; k < 24; ++k) h += wy.hours[static_cast<std::size_t>(d - 1) * 24 + k].globalH;
+    const double h0 = dailyExtraterrestrial(lat, dayAstro(d));
+    wy.dailyClearness[d - 1] = h0 > 0 ? h / h0 : 0.0;
+  }
+  return wy;
+}
+
+}  // namespace tarn

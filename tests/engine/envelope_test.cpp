@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "engine/envelope.h"
+#include "engine/model.h"
+
+using namespace tarn;
+
+TEST(Envelope, PeriodicResponseOfConstantAndSinusoid) {
+  // Steady sol-air: the equivalent temperature is the sol-air temperature for any lag and decrement.
+  std::vector<double> flat(8760, 95.0);
+  for (double v : periodicResponse(flat, 7.3, 0.4)) ASSERT_DOUBLE_EQ(v, 95.0);
+
+  // A 24-hour sinusoid comes out damped by f and delayed by the lag (catches lag indexing).
+  std::vector<double> s(8760);
+  for (int t = 0; t < 8760; ++t) s[t] = 70.0 + 20.0 * std::sin(2.0 * M_PI * t / 24.0);
+  const double f = 0.35, lag = 6.0;
+  const std::vector<double> out = periodicResponse(s, lag, f);
+  double best = -1e9;
+  int bestT = 0;
+  for (int t = 1000; t < 1024; ++t)
+    if (out[t] > best) best = out[t], bestT = t;
+  EXPECT_NEAR(best - 70.0, 20.0 * f, 1e-9);
+  // The input peaks at t ≡ 6 (mod 24); the output lag hours later.
+  double meanOut = 0;
+  for (int t = 1000; t < 1024; ++t) meanOut += out[t] / 24.0;
+  EXPECT_NEAR(meanOut, 70.0, 1e-9);
+  EXPECT_EQ(bestT % 24, 12);
+  // A lag between whole hours interpolates the two hours around it.
+  const std::vector<double> half = periodicResponse(s, 6.5, 1.0);
+  EXPECT_NEAR(half[1012], 0.5 * (s[1006] + s[1005]), 1e-9);
+}
+
+TEST(Envelope, SolAirOfARoofByHand) {
+  // 90 F air, absorptance 0.6, 300 Btu/h·ft² on a flat roof, 7.5 mph (h_o = 4.0025).
+  const double ho = 2.0 + 0.267 * 7.5;
+  EXPECT_NEAR(solAir(90.0, 0.6, 300.0, 7.5, 0.0), 90.0 + 180.0 / ho - 21.0 / ho, 1e-12);
+  // A wall has no long-wave correction; at night it is the air temperature.
+  EXPECT_DOUBLE_EQ(solAir(50.0, 0.9, 0.0, 10.0, 90 * kDeg), 50.0);
+}
+
+TEST(Envelope, ShadingFactorsAtKnownAngles) {
+  // No device: no shading.
+  EXPECT_DOUBLE_EQ(overhangBeam(0.0, 5.0, 0.0, 3.0), 1.0);
+  EXPECT_DOUBLE_EQ(finRightBeam(0.0, -0.5), 1.0);
+  // An overhang flush with the window top of depth = height shades it fully at a 45° profile angle.
+  EXPECT_DOUBLE_EQ(overhangBeam(1.0, 5.0, 0.0, 1.0), 0.0);
+  // Half the depth: half the window in shade at 45°.
+  EXPECT_NEAR(overhangBeam(0.5, 5.0, 0.0, 1.0), 0.5, 1e-12);
+  // A fin on the right shades only when the sun is to the right (gamma < 0).
+  EXPECT_DOUBLE_EQ(finRightBeam(0.5, 0.3), 1.0);
+  EXPECT_NEAR(finRightBeam(0.5, -M_PI / 4), 0.5, 1e-12);
+  EXPECT_NEAR(finLeftBeam(0.5, M_PI / 4), 0.5, 1e-12);
+  // A far obstruction at 30° elevation blocks a sun lower than that.
+  EXPECT_DOUBLE_EQ(obstructionBeam(0.5, std::tan(20 * kDeg)), 0.0);
+  EXPECT_DOUBLE_EQ(obstructionBeam(0.5, std::tan(40 * kDeg)), 1.0);
+  EXPECT_DOUBLE_EQ(projectionSkyFactor(0.0), 1.0);
+  EXPECT_NEAR(projectionSkyFactor(1.0), 1.0 - 0.5 * (2.0 - std::sqrt(2.0)), 1e-12);
+}
+
+TEST(Envelope, AngularResponseAndTokens) {
+  EXPECT_DOUBLE_EQ(angularShgc(1.0), 1.0);
+  EXPECT_NEAR(angularShgc(std::cos(60 * kDeg)), 0.845, 1e-9);
+  EXPECT_NEAR(angularShgc(std::cos(65 * kDeg)), (0.845 + 0.660) / 2, 1e-9);
+  EXPECT_DOUBLE_EQ(angularShgc(0.0), 0.0);
+  const ShadingTokens t = parseShading("R0,5 L.25 T1 F.3 N0 T.8");
+  EXPECT_DOUBLE_EQ(t.right, 0.5);
+  EXPECT_DOUBLE_EQ(t.left, 0.25);
+  EXPECT_DOUBLE_EQ(t.overhang, 0.8);  // the last of a letter wins
+  EXPECT_DOUBLE_EQ(t.obstruction, 0.3);
+}
