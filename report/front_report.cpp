@@ -145,7 +145,7 @@ class Composer {
     out_.fullRule().emptyLine();
     out_.text(" DATE: ").at(16).text(s_.dateText).text(", ").text(s_.timeText).end().emptyLine();
     out_.text(" ANALYSIS FOR: ");
-    for (int i = kProjectName; i <= kLocation + 1; ++i) out_.at(16).text(p_.data[i]).end();
+    for (int i = kProjectName; i <= kDesignStage; ++i) out_.at(16).text(p_.data[i]).end();
     out_.emptyLine().fullRule();
 
     const std::string& line2 = p_.weather.lines[2];
