@@ -414,7 +414,7 @@ void DrawForm::closeEvent(QCloseEvent* event) {
 }
 
 bool DrawForm::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn)
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress)
     for (int i = 0; i < kZonesPerLevel; ++i)
       if (watched == canvas_->nameBox(i)) show(editor_->selectZone(i));
   return QDialog::eventFilter(watched, event);

@@ -8,6 +8,7 @@
 
 #include "common/file_io.h"
 #include "sketch/extract_zones.h"
+#include "sketch/sketch_copies.h"
 #include "sketch_test_util.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
@@ -61,6 +62,17 @@ TEST(ZoneColours, TableFromThePaletteWithItsShiftedEntries) {
   EXPECT_EQ(t[25], kWhite);
   for (int i = 0; i < 25; ++i)
     for (int j = i + 1; j < 26; ++j) EXPECT_NE(t[i], t[j]) << i << " " << j;
+}
+
+TEST(SketchCopies, NamesAndPathsOfTheSaveDialog) {
+  EXPECT_EQ(sketchCopyName("C:\\jobs\\school.inp", ".wri"), "school.wri");
+  EXPECT_EQ(sketchCopyName("D:OFFICE.INP", ".jpg"), "OFFICE.jpg");
+  EXPECT_EQ(sketchCopyName("/home/me/plan.inp.bak", ".wri"), "plan.inp.bak.wri");
+  EXPECT_EQ(sketchCopyName("New_Project", ".wri"), "New_Project.wri");
+  EXPECT_EQ(dialogPath("/home/me", "a.wri"), "/home/me/a.wri");
+  EXPECT_EQ(dialogPath("/", "a.wri"), "/a.wri");
+  EXPECT_EQ(dialogPath("/home/me", "/tmp/a.jpg"), "/tmp/a.jpg");
+  EXPECT_EQ(dialogPath("/home/me", "C:a.jpg"), "C:a.jpg");
 }
 
 struct Sketch {
