@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "screens/drawform.h"
 #include "screens/project_file_dialog.h"
 #include "screens/step_icons.h"
 #include "screens/text_codec.h"
@@ -143,6 +144,7 @@ void MainMenuWindow::wireCommands() {
   handlers_[{Command::HelpAbout, 0}] = [this, dir] {
     showHelpFile(this, dir, "mainhlp1.txt", "MARLOVEN EC Release 6.5", prompt_);
   };
+  stepHandlers_[4] = [this] { follow(life_.openSketch()); };
   // Later screens add their handlers here and to stepHandlers_.
 
   for (auto& [key, act] : actions_) {
@@ -230,9 +232,16 @@ void MainMenuWindow::follow(Next next) {
     case Next::SaveInputDialog: saveInputDialog(); break;
     case Next::SaveOutputDialog: saveOutputDialog(); break;
     case Next::Quit: finish(); return;
+    case Next::Sketch: openSketchScreen(); break;
     default: break;  // the run and results screens come with their own work
   }
   refresh();
+}
+
+void MainMenuWindow::openSketchScreen() {
+  // Modal: the sketch owns the level files until it is left by Exit or Cancel.
+  DrawForm form(state_, prompt_, this);
+  if (form.start()) form.exec();
 }
 
 void MainMenuWindow::retrieve(bool sample) {

@@ -53,6 +53,7 @@ class MainMenuWindow : public QMainWindow {
   bool askExit();
   void finish();
   void follow(Next next);
+  void openSketchScreen();
   void retrieve(bool sample);
   void saveInputDialog();
   void saveOutputDialog();

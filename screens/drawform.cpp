@@ -1,0 +1,466 @@
+#include "screens/drawform.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include "common/file_error.h"
+#include "screens/controlpanel.h"
+#include "screens/loadform.h"
+#include "screens/saveform.h"
+#include "screens/text_codec.h"
+#include "screens/text_viewer.h"
+#include "shell/error_report.h"
+
+namespace marloven::screens {
+
+QImage rasterImage(const Raster& r) {
+  QImage img(r.width(), r.height(), QImage::Format_RGB32);
+  const std::vector<Colour>& px = r.pixels();
+  for (int y = 0; y < r.height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(img.scanLine(y));
+    const Colour* src = px.data() + static_cast<std::size_t>(y) * r.width();
+    for (int x = 0; x < r.width(); ++x) line[x] = qRgb(redOf(src[x]), greenOf(src[x]), blueOf(src[x]));
+  }
+  return img;
+}
+
+// ---- the canvas ----
+
+SketchCanvas::SketchCanvas(SketchEditor& editor, QWidget* parent) : QWidget(parent), editor_(editor) {
+  setObjectName("canvas");
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  for (int i = 0; i < kZonesPerLevel; ++i) {
+    auto* box = new QLineEdit(this);
+    box->setObjectName(QString("znname%1").arg(i));
+    box->setFrame(false);
+    box->setMaxLength(25);
+    box->setTextMargins(1, 0, 0, 0);
+    connect(box, &QLineEdit::textEdited, this, [this, i](const QString& t) { editor_.renameZone(i, toBytes(t)); });
+    names_[i] = box;
+  }
+}
+
+QSize SketchCanvas::sizeHint() const { return {editor_.raster().width(), editor_.raster().height()}; }
+
+QRectF SketchCanvas::target() const {
+  // The whole raster, its proportions kept, centred.
+  const double iw = editor_.raster().width(), ih = editor_.raster().height();
+  const double k = std::min(width() / iw, height() / ih);
+  const double w = iw * k, h = ih * k;
+  return {(width() - w) / 2, (height() - h) / 2, w, h};
+}
+
+QPointF SketchCanvas::toWidget(double x, double y) const {
+  const Raster& r = editor_.raster();
+  const QRectF t = target();
+  const double k = t.width() / r.width();
+  return {t.left() + (x - kScaleLeft) * r.pixelsPerUnit() * k, t.top() + (kScaleTop - y) * r.pixelsPerUnit() * k};
+}
+
+QPointF SketchCanvas::toUser(const QPointF& p) const {
+  const Raster& r = editor_.raster();
+  const QRectF t = target();
+  const double k = t.width() / r.width();
+  return {r.toUserX((p.x() - t.left()) / k), r.toUserY((p.y() - t.top()) / k)};
+}
+
+void SketchCanvas::paintEvent(QPaintEvent*) {
+  QPainter p(this);
+  p.fillRect(rect(), palette().window());
+  p.setRenderHint(QPainter::SmoothPixmapTransform, false);
+  p.drawImage(target(), rasterImage(editor_.raster()));
+}
+
+void SketchCanvas::placeNames() {
+  const QFontMetrics fm(font());
+  for (int i = 0; i < kZonesPerLevel; ++i) {
+    const QPointF tl = toWidget(kNameBoxLeft, nameBoxTop(i));
+    const QPointF br = toWidget(kNameBoxLeft + kNameBoxWidth, nameBoxTop(i) - kNameBoxHeight);
+    QRect r = QRectF(tl, br).toRect();
+    names_[i]->setGeometry(r.adjusted(0, 0, -1, -1));
+    QFont f = names_[i]->font();
+    f.setPixelSize(std::max(7, r.height() - 5));
+    names_[i]->setFont(f);
+  }
+}
+
+void SketchCanvas::resizeEvent(QResizeEvent* event) {
+  placeNames();
+  QWidget::resizeEvent(event);
+}
+
+void SketchCanvas::mousePressEvent(QMouseEvent* event) {
+  setFocus();
+  if (event->button() != Qt::LeftButton) return;
+  const QPointF u = toUser(event->position());
+  emit changed(editor_.mouseDown(u.x(), u.y()));
+}
+
+void SketchCanvas::mouseMoveEvent(QMouseEvent* event) {
+  const QPointF u = toUser(event->position());
+  emit changed(editor_.mouseMove(u.x(), u.y(), (event->buttons() & Qt::LeftButton) != 0));
+}
+
+void SketchCanvas::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const QPointF u = toUser(event->position());
+  emit changed(editor_.mouseUp(u.x(), u.y()));
+}
+
+void SketchCanvas::keyPressEvent(QKeyEvent* event) {
+  const QByteArray text = toBytes(event->text()).c_str();
+  if (text.size() == 1 && static_cast<unsigned char>(text[0]) >= 32 && event->modifiers() == Qt::NoModifier) {
+    emit changed(editor_.typed(text[0]));
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+// ---- the form ----
+
+namespace {
+
+QLineEdit* statusLine(const char* name, QWidget* parent, int width) {
+  auto* box = new QLineEdit(parent);
+  box->setObjectName(name);
+  box->setReadOnly(true);
+  box->setFocusPolicy(Qt::NoFocus);
+  box->setMinimumWidth(width);
+  return box;
+}
+
+// An edit box that hands its keys to the editor's filter first.
+class FieldBox : public QLineEdit {
+ public:
+  FieldBox(SketchEditor& editor, SketchField f, QWidget* parent) : QLineEdit(parent), editor_(editor), field_(f) {}
+  std::function<void()> onClick;
+  std::function<void()> onKey;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    char key = 0;
+    switch (event->key()) {
+      case Qt::Key_Backspace: key = '\b'; break;
+      case Qt::Key_Return:
+      case Qt::Key_Enter: key = '\r'; break;
+      default: {
+        const QString t = event->text();
+        if (t.size() == 1 && t[0].unicode() >= 32 && t[0].unicode() < 127) key = static_cast<char>(t[0].unicode());
+      }
+    }
+    if (key == 0) {  // moves and the like are not keys of the text
+      QLineEdit::keyPressEvent(event);
+      return;
+    }
+    if (!editor_.fieldKey(field_, key)) return;
+    if (onKey) onKey();
+    if (key != '\r') QLineEdit::keyPressEvent(event);
+  }
+  void mousePressEvent(QMouseEvent* event) override {
+    QLineEdit::mousePressEvent(event);
+    if (onClick) onClick();
+  }
+
+ private:
+  SketchEditor& editor_;
+  SketchField field_;
+};
+
+}  // namespace
+
+DrawForm::DrawForm(AppState& state, Prompt& prompt, QWidget* parent)
+    : QDialog(parent),
+      state_(state),
+      prompt_(prompt),
+      editor_(std::make_unique<SketchEditor>(state.install.dir(), state.project, prompt)) {
+  setObjectName("DrawForm");
+  setWindowFlag(Qt::WindowMaximizeButtonHint, true);
+  canvas_ = new SketchCanvas(*editor_, this);
+  connect(canvas_, &SketchCanvas::changed, this, [this](unsigned r) { show(r); });
+  // A click into a name box makes its zone current.
+  for (int i = 0; i < kZonesPerLevel; ++i) canvas_->nameBox(i)->installEventFilter(this);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(4, 4, 4, 4);
+  layout->setSpacing(4);
+  buildMenus();
+  layout->setMenuBar(menuBar_);
+  layout->addWidget(buildControls());
+  layout->addWidget(canvas_, 1);
+  level_ = new QScrollBar(Qt::Horizontal, this);
+  level_->setObjectName("HScroll1");
+  level_->setRange(0, 1000);
+  level_->setSingleStep(1);
+  level_->setPageStep(100);
+  layout->addWidget(level_);
+  connect(level_, &QScrollBar::valueChanged, this, [this](int v) { run([&] { return editor_->scroll(v); }); });
+  resize(960, 760);
+}
+
+DrawForm::~DrawForm() = default;
+
+QWidget* DrawForm::buildControls() {
+  auto* box = new QWidget(this);
+  auto* grid = new QGridLayout(box);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(2);
+  const std::array<const char*, kSketchFields> names = {"gridsize", "Orientation", "num_floors", "ceiling_ht"};
+  for (int i = 0; i < kSketchFields; ++i) {
+    const auto f = static_cast<SketchField>(i);
+    auto* edit = new FieldBox(*editor_, f, box);
+    edit->setObjectName(names[i]);
+    edit->setMaximumWidth(70);
+    edit->onClick = [this, f] { editor_->fieldClicked(f); };
+    // The compass turns as the orientation is typed.
+    edit->onKey = [this] { canvas_->update(); };
+    connect(edit, &QLineEdit::textEdited, this,
+            [this, f](const QString& t) { run([&] { return editor_->fieldChanged(f, toBytes(t)); }); });
+    fields_[i] = edit;
+    auto* label = new QLabel(fromBytes(sketchFieldLabel(f)), box);
+    label->setBuddy(edit);
+    grid->addWidget(label, 0, 2 * i);
+    grid->addWidget(edit, 0, 2 * i + 1);
+  }
+  exit_ = new QPushButton(tr("Exit"), box);
+  exit_->setObjectName("Exit");
+  exit_->setAutoDefault(false);
+  connect(exit_, &QPushButton::clicked, this, [this] { finishExit(); });
+  grid->addWidget(exit_, 0, 8, 1, 2);
+  const std::array<std::pair<const char*, int>, 6> status = {
+      {{"zone_area", 120}, {"BldgArea", 120}, {"Stories", 80}, {"Level", 70}, {"Coordinates0", 110}, {"Coordinates1", 130}}};
+  auto* row = new QHBoxLayout;
+  for (const auto& [name, width] : status) row->addWidget(statusLine(name, box, width));
+  grid->addLayout(row, 1, 0, 1, 10);
+  return box;
+}
+
+void DrawForm::buildMenus() {
+  menuBar_ = new QMenuBar(this);
+  auto add = [this](QMenu* m, const char* name, const QString& text, auto fn) {
+    QAction* a = m->addAction(text);
+    a->setObjectName(name);
+    connect(a, &QAction::triggered, this, fn);
+    return a;
+  };
+  QMenu* file = menuBar_->addMenu(tr("&File"));
+  file->setObjectName("FileMenu");
+  add(file, "SaveItem", tr("&Save Dwg..."), [this] { saveDrawing(); });
+  add(file, "LoadItem", tr("&Load Dwg..."), [this] { loadDrawing(); });
+  add(file, "PrintItem", tr("&Print"), [this] { printForm(); });
+  add(file, "ToItem", tr("Copy To Clip&board"), [this] { QApplication::clipboard()->setImage(canvasImage()); });
+  add(file, "finish", tr("&Cancel Changes, Return"), [this] { cancelChanges(); });
+
+  QMenu* drawing = menuBar_->addMenu(tr("&Draw Mode"));
+  drawing->setObjectName("Drawing_editor");
+  add(drawing, "boxbutton", tr("&Rectangular Zones"), [this] { run([&] { return editor_->chooseTool(DrawTool::FilledBox); }); });
+  add(drawing, "MatrixButton", tr("&Grid Fill/Erase"), [this] { run([&] { return editor_->chooseTool(DrawTool::CellPaint); }); });
+  add(drawing, "Guidelines", tr("&Dashed Guidelines"), [this] { run([&] { return editor_->chooseTool(DrawTool::GuideBox); }); });
+
+  QMenu* edit = menuBar_->addMenu(tr("&Edit"));
+  edit->setObjectName("EditDraw");
+  add(edit, "Erase_area", tr("Erase &Window"), [this] { run([&] { return editor_->eraseWindow(); }); });
+  add(edit, "erase_dwg", tr("Erase &All"), [this] { run([&] { return editor_->eraseAll(); }); });
+
+  QMenu* view = menuBar_->addMenu(tr("&View"));
+  view->setObjectName("view");
+  add(view, "Refresh_grid", tr("&Refresh Grid"), [this] { run([&] { return editor_->refreshGrid(); }); });
+  add(view, "Redraw", tr("&Cleanup"), [this] { run([&] { return editor_->cleanup(); }); });
+
+  QMenu* units = menuBar_->addMenu(tr("Drawing &Units"));
+  units->setObjectName("Units");
+  for (int i = 1; i <= 2; ++i) {
+    QAction* a = add(units, i == 1 ? "draw_unit1" : "draw_unit2", i == 1 ? tr("I-P Units") : tr("SI Units"),
+                     [this] { run([&] { return editor_->drawingUnits(); }); });
+    const bool current = (state_.project.units == UnitSystem::IP) == (i == 1);
+    a->setCheckable(true);
+    a->setChecked(current);
+    a->setEnabled(current);
+  }
+
+  QMenu* help = menuBar_->addMenu(tr("&Help"));
+  help->setObjectName("hlp");
+  add(help, "tutorial", tr("&Tutorial"), [this] {
+    showHelpFile(this, state_.install.dir(), "help10.txt",
+                 fromBytes("BUILDING SKETCH -- " + state_.project.fileName), prompt_);
+  });
+
+  // Commands without a menu entry, on keys of their own.
+  auto key = [this](const char* name, QKeySequence seq, auto fn) {
+    auto* a = new QAction(this);
+    a->setObjectName(name);
+    a->setShortcut(seq);
+    connect(a, &QAction::triggered, this, fn);
+    addAction(a);
+  };
+  key("FreeLine", QKeySequence(Qt::CTRL | Qt::Key_L), [this] { run([&] { return editor_->chooseTool(DrawTool::FreeLine); }); });
+  key("Circle", QKeySequence(Qt::CTRL | Qt::Key_O), [this] { run([&] { return editor_->chooseTool(DrawTool::Circle); }); });
+  key("Pen", QKeySequence(Qt::CTRL | Qt::Key_E), [this] { run([&] { return editor_->chooseTool(DrawTool::Pen); }); });
+  key("ColorItem", QKeySequence(Qt::CTRL | Qt::Key_K), [this] { colourPanel(); });
+  key("LevelUp", QKeySequence(Qt::Key_PageUp), [this] { run([&] { return editor_->levelUp(); }); });
+  key("LevelDown", QKeySequence(Qt::Key_PageDown), [this] { run([&] { return editor_->levelDown(); }); });
+  key("PasteItem", QKeySequence::Paste, [this] {
+    const QImage img = QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32);
+    if (img.isNull()) return;
+    std::vector<Colour> px(static_cast<std::size_t>(img.width()) * img.height());
+    for (int y = 0; y < img.height(); ++y) {
+      const auto* line = reinterpret_cast<const QRgb*>(img.constScanLine(y));
+      for (int x = 0; x < img.width(); ++x)
+        px[static_cast<std::size_t>(y) * img.width() + x] = rgb(qRed(line[x]), qGreen(line[x]), qBlue(line[x]));
+    }
+    run([&] { return editor_->pastePicture(px, img.width(), img.height()); });
+  });
+}
+
+QLineEdit* DrawForm::statusBox(const char* name) const { return findChild<QLineEdit*>(name); }
+
+QAction* DrawForm::action(const char* name) const { return findChild<QAction*>(name); }
+
+bool DrawForm::start() {
+  try {
+    editor_->open();
+  } catch (const FileError& e) {
+    reportError(prompt_, e);
+    return false;
+  }
+  setWindowTitle(fromBytes(editor_->caption()));
+  show(kRedrawAll);
+  return true;
+}
+
+template <typename F>
+void DrawForm::run(F&& f) {
+  try {
+    show(f());
+  } catch (const FileError& e) {
+    reportError(prompt_, e);
+    show(kRedrawAll);
+  }
+}
+
+void DrawForm::show(unsigned redraw) {
+  if (redraw & kRedrawCanvas) canvas_->update();
+  if (redraw & kRedrawStatus) {
+    const SketchStatus& s = editor_->status();
+    statusBox("zone_area")->setText(fromBytes(s.zoneArea));
+    statusBox("BldgArea")->setText(fromBytes(s.floorArea));
+    statusBox("Stories")->setText(fromBytes(s.stories));
+    statusBox("Level")->setText(fromBytes(s.level));
+    statusBox("Coordinates0")->setText(fromBytes(s.position));
+    statusBox("Coordinates1")->setText(fromBytes(s.dimensions));
+    canvas_->setCursor(editor_->pointer() == Pointer::Cross ? Qt::CrossCursor : Qt::ArrowCursor);
+  }
+  if (redraw & kRedrawFields) {
+    for (int i = 0; i < kSketchFields; ++i) {
+      const QString t = fromBytes(editor_->fieldText(static_cast<SketchField>(i)));
+      if (fields_[i]->text() != t) fields_[i]->setText(t);
+    }
+    statusBox("Level")->setText(fromBytes(editor_->status().level));
+    const QSignalBlocker block(level_);
+    level_->setValue(editor_->scrollValue());
+  }
+  if (redraw & kRedrawNames)
+    for (int i = 0; i < kZonesPerLevel; ++i) {
+      const QString t = fromBytes(editor_->matrix().zoneNames[i + 1]);
+      if (canvas_->nameBox(i)->text() != t) canvas_->nameBox(i)->setText(t);
+    }
+}
+
+QImage DrawForm::canvasImage() const { return rasterImage(editor_->raster()); }
+
+void DrawForm::finishExit() {
+  try {
+    editor_->exit();
+  } catch (const FileError& e) {
+    reportError(prompt_, e);
+  }
+  saved_ = true;
+  closing_ = true;
+  accept();
+}
+
+void DrawForm::cancelChanges() {
+  if (!editor_->cancelChanges()) return;
+  closing_ = true;
+  reject();
+}
+
+void DrawForm::closeEvent(QCloseEvent* event) {
+  // The close box is Cancel Changes with its question.
+  if (closing_ || editor_->cancelChanges()) {
+    closing_ = true;
+    event->accept();
+  } else {
+    event->ignore();
+  }
+}
+
+bool DrawForm::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress)
+    for (int i = 0; i < kZonesPerLevel; ++i)
+      if (watched == canvas_->nameBox(i)) show(editor_->selectZone(i));
+  return QDialog::eventFilter(watched, event);
+}
+
+void DrawForm::keyPressEvent(QKeyEvent* event) {
+  // Esc is not a way out: the sketch leaves only by Exit or Cancel Changes.
+  if (event->key() == Qt::Key_Escape) return;
+  QDialog::keyPressEvent(event);
+}
+
+void DrawForm::saveDrawing() {
+  SaveForm f(state_, canvasImage(), prompt_, this);
+  f.exec();
+}
+
+void DrawForm::loadDrawing() {
+  LoadForm f(fromBytes(state_.install.path("sketch")), this);
+  if (f.exec() != QDialog::Accepted) return;
+  try {
+    show(editor_->loadDrawing(f.path()));
+  } catch (const std::exception& e) {
+    prompt_.message(Icon::Exclamation, "Editor", e.what());
+  }
+}
+
+void DrawForm::printForm() {
+  QPrinter printer;
+  QPrintDialog d(&printer, this);
+  if (d.exec() != QDialog::Accepted) return;
+  // The form without its menus, fitted to the page.
+  menuBar_->hide();
+  QPainter p(&printer);
+  const QRect page = p.viewport();
+  const QSize size = this->size().scaled(page.size(), Qt::KeepAspectRatio);
+  p.setViewport(page.x(), page.y(), size.width(), size.height());
+  p.setWindow(rect());
+  render(&p);
+  p.end();
+  menuBar_->show();
+}
+
+void DrawForm::colourPanel() {
+  ControlPanel panel(editor_->foreground(), this);
+  panel.exec();
+  run([&] { return editor_->setColour(panel.colour()); });
+}
+
+}  // namespace marloven::screens
