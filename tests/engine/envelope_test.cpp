@@ -34,11 +34,19 @@ TEST(Envelope, PeriodicResponseOfConstantAndSinusoid) {
 }
 
 TEST(Envelope, SolAirOfARoofByHand) {
-  // 90 F air, absorptance 0.6, 300 Btu/h·ft² on a flat roof, 7.5 mph (h_o = 4.0025).
+  // 90 F air, absorptance 0.6, 300 Btu/h·ft² on a flat roof, 7.5 mph (h_o = 4.0025),
+  // a sky 21 Btu/h·ft² below a black body at air temperature.
   const double ho = 2.0 + 0.267 * 7.5;
-  EXPECT_NEAR(solAir(90.0, 0.6, 300.0, 7.5, 0.0), 90.0 + 180.0 / ho - 21.0 / ho, 1e-12);
-  // A wall has no long-wave correction; at night it is the air temperature.
-  EXPECT_DOUBLE_EQ(solAir(50.0, 0.9, 0.0, 10.0, 90 * kDeg), 50.0);
+  const double t = 90.0 + 459.67, blackBody = 0.1714e-8 * t * t * t * t;
+  const double loss = skyLongWave(90.0, blackBody - 21.0, 0.0, 1.0);
+  EXPECT_NEAR(loss, 21.0, 1e-9);
+  EXPECT_NEAR(solAir(90.0, 0.6, 300.0, 7.5, 0.9 * loss), 90.0 + (180.0 - 0.9 * 21.0) / ho, 1e-12);
+  // A wall sees half the sky, a surface facing down none; a sky as warm as
+  // the air takes nothing.
+  EXPECT_NEAR(skyLongWave(90.0, blackBody - 21.0, 90 * kDeg, 0.9), 0.5 * 0.9 * 21.0, 1e-9);
+  EXPECT_NEAR(skyLongWave(90.0, blackBody - 21.0, 180 * kDeg, 0.9), 0.0, 1e-9);
+  EXPECT_NEAR(skyLongWave(90.0, blackBody, 0.0, 0.9), 0.0, 1e-9);
+  EXPECT_DOUBLE_EQ(solAir(50.0, 0.9, 0.0, 10.0, 0.0), 50.0);
 }
 
 TEST(Envelope, ShadingFactorsAtKnownAngles) {
