@@ -99,9 +99,16 @@ GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, c
   return r;
 }
 
-double solAir(double outdoor, double absorptance, double irradiance, double wind, double tilt) {
-  const double ho = 2.0 + 0.267 * wind;
-  return outdoor + absorptance * irradiance / ho - 21.0 * std::max(0.0, std::cos(tilt)) / ho;
+double exteriorFilm(double wind) { return 2.0 + 0.267 * std::max(0.0, wind); }
+
+double skyLongWave(double outdoorF, double skyIr, double tilt, double emissivity) {
+  const double t = outdoorF + 459.67;
+  const double blackBody = 0.1714e-8 * t * t * t * t;
+  return emissivity * 0.5 * (1.0 + std::cos(tilt)) * (blackBody - skyIr);
+}
+
+double solAir(double outdoor, double absorptance, double irradiance, double wind, double skyLoss) {
+  return outdoor + (absorptance * irradiance - skyLoss) / exteriorFilm(wind);
 }
 
 std::vector<double> periodicResponse(const std::vector<double>& s, double lag, double f) {
@@ -151,8 +158,10 @@ std::vector<std::vector<double>> exteriorTemperatures(const SimModel& m, const G
       case ExteriorClass::SolAir: {
         const double tilt = m.groups[c.group].tilt;
         for (int t = 0; t < n; ++t) {
+          const WeatherHour& wh = w.hours[t];
           const double i = irr.at(irr.beam, c.group, t) + irr.at(irr.sky, c.group, t) + irr.at(irr.ground, c.group, t);
-          series[t] = solAir(w.hours[t].dryBulb, c.absorptance, i, w.hours[t].wind, tilt);
+          series[t] = solAir(wh.dryBulb, c.absorptance, i, wh.wind,
+                             skyLongWave(wh.dryBulb, wh.skyIr, tilt, kOpaqueEmissivity));
         }
         out.push_back(periodicResponse(series, c.lag, c.decrement));
         break;

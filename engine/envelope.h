@@ -34,8 +34,18 @@ struct GroupIrradiance {
 };
 GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, const WeatherYear& w);
 
-// Sol-air temperature of a surface for one hour.
-double solAir(double outdoor, double absorptance, double irradiance, double wind, double tilt);
+// Exterior surface coefficient, convective and radiative (Btu/h·ft²·°F), at a
+// wind speed in mph.
+double exteriorFilm(double wind);
+// Long-wave loss (Btu/h·ft²) of an exterior surface of that emissivity at the
+// outdoor air temperature to the sky it sees (view factor (1 + cos tilt)/2);
+// the ground and surroundings are taken at air temperature.
+double skyLongWave(double outdoorF, double skyIr, double tilt, double emissivity);
+// Sol-air temperature of a surface for one hour: absorbed solar less the
+// long-wave loss to the sky, through the exterior film.
+double solAir(double outdoor, double absorptance, double irradiance, double wind, double skyLoss);
+// Long-wave emissivity of opaque exterior surfaces (the catalog gives none).
+inline constexpr double kOpaqueEmissivity = 0.9;
 
 // Periodic response: T_eq(t) = (1 − f)·mean of T over t−23..t + f·T(t − lag),
 // T cyclic over the year, T(t − lag) linearly interpolated.

@@ -94,8 +94,9 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
 
         const double peopleSens = 250.0 * zm.people * fOcc, peopleLat = 200.0 * zm.people * fOcc;
         const double lights = zm.lightsW * fLite * kBtuPerWh, equip = zm.equipmentW * fLite * kBtuPerWh;
-        double solar = 0;
+        double solar = 0, windowSky = 0;
         for (const WindowClass& wc : zm.windows) {
+          windowSky += wc.uaEmissivity * skyLongWave(thetaO, wh.skyIr, m.groups[wc.group].tilt, 1.0);
           const double ct = irr.at(irr.cosIncidence, wc.group, t);
           double beam = irr.at(irr.beam, wc.group, t);
           const double sky = irr.at(irr.sky, wc.group, t), gnd = irr.at(irr.ground, wc.group, t);
@@ -111,15 +112,20 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
             if (wc.blind == 5) attenuation *= 0.15;
             if (wc.shadeTau > 0) attenuation *= wc.shadeTau + 0.35 * (1.0 - wc.shadeTau);
           }
-          solar += wc.areaShgc * (beam * angularShgc(ct) + 0.87 * (sky * skyFactor + gnd)) * attenuation;
+          // Beam lands on the floor; what it reflects joins the diffuse light, a
+          // share of which leaves again through the glazing.
+          const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky * skyFactor + gnd);
+          solar += wc.areaShgc * attenuation *
+                   (beamIn * (1.0 - zm.solarEscape * (1.0 - kInteriorAbsorptance)) + diffuseIn * (1.0 - zm.solarEscape));
         }
+        windowSky /= exteriorFilm(wh.wind);
 
         double sumRoof = 0, sumWall = 0;
         for (const ZoneElement& e : zm.elements) (e.roof ? sumRoof : sumWall) += e.conductance * tEq[e.cls][t];
         HourInputs in;
         in.thetaO = thetaO;
         in.hX = zm.hWindow + hRoof[z] + hWall[z];
-        in.hXThetaX = zm.hWindow * thetaO + sumRoof + sumWall;
+        in.hXThetaX = zm.hWindow * thetaO - windowSky + sumRoof + sumWall;
         const double radiant = 0.6 * peopleSens + zm.lightsRadiant * lights + 0.3 * equip + solar;
         in.phiIa = 0.4 * peopleSens + (1.0 - zm.lightsRadiant) * lights + 0.7 * equip;
         in.phiM = zm.massShare * radiant;
@@ -147,7 +153,7 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         LoadRows lr;
         lr.rows[kRoof] = sumRoof - hRoof[z] * r.thetaS;
         lr.rows[kWalls] = sumWall - hWall[z] * r.thetaS;
-        lr.rows[kWindowConduction] = zm.hWindow * (thetaO - r.thetaS);
+        lr.rows[kWindowConduction] = zm.hWindow * (thetaO - r.thetaS) - windowSky;
         lr.rows[kWindowSolar] = solar;
         lr.rows[kLightsEquipment] = lights + equip;
         lr.rows[kPeopleSensible] = peopleSens;

@@ -129,6 +129,17 @@ ShadingTokens parseShading(std::string_view text) {
   return t;
 }
 
+double solarEscapeShare(double areaTauDiffuse, double windowArea, double interiorArea) {
+  const double absorbing = kInteriorAbsorptance * std::max(0.0, interiorArea - windowArea);
+  const double total = absorbing + areaTauDiffuse;
+  return total > 0 ? areaTauDiffuse / total : 0.0;
+}
+
+double filmCorrection(double hExterior, double hIs) {
+  if (hIs <= 0) return 1.0;
+  return 1.0 / (1.0 - std::min(kMaxFilmShare, hExterior / hIs));
+}
+
 double constructionCapacity(double u, double lagHours) {
   return std::min(10.0, 0.26 * u * lagHours * lagHours);
 }
@@ -218,7 +229,7 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     z.height = sketchLines.empty() ? 10.0 : (hi != heights.byId.end() ? hi->second : heights.last);
     z.volume = z.floorArea * z.height;
 
-    double grossArea = 0, massFromConstructions = 0;
+    double grossArea = 0, massFromConstructions = 0, windowArea = 0, areaTauDiffuse = 0;
     double stripArea = 0, hStripCount = 0;
     struct CoreRow { double area; int k; double dt; };
     std::vector<CoreRow> cores;
@@ -324,7 +335,12 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
       }
       if (win && winArea > 0) {
         const double uWin = leadingNumber(win->fields[2]), shgc = leadingNumber(win->fields[3]);
+        const double emissivity = leadingNumber(win->fields[4]);
         z.hWindow += uWin * winArea;
+        windowArea += winArea;
+        // Diffuse transmittance of clear glazing: 0.87 of the normal SHGC for
+        // the hemispherical average, 0.9 of that transmitted rather than absorbed.
+        areaTauDiffuse += winArea * 0.87 * 0.9 * shgc;
         WindowClass wc;
         wc.group = gi;
         double sill = row.sillHeight, top = row.windowHeight;
@@ -348,12 +364,15 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
                                          wc.blind, static_cast<int>(std::lround(wc.shadeTau * 1e4)),
                                          std::lround(wc.height * 1e4), wc.season);
         auto it = windowIndex.find(key);
+        const double uaEps = uWin * winArea * (emissivity > 0 && emissivity <= 1 ? emissivity : 0.84);
         if (it == windowIndex.end()) {
           wc.areaShgc = winArea * shgc;
+          wc.uaEmissivity = uaEps;
           windowIndex[key] = static_cast<int>(z.windows.size());
           z.windows.push_back(wc);
         } else {
           z.windows[it->second].areaShgc += winArea * shgc;
+          z.windows[it->second].uaEmissivity += uaEps;
         }
       }
     }
@@ -375,9 +394,22 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     }
     (void)hStripCount;
 
+    // Room surfaces: the rows, or at least a square room's floor, ceiling and walls.
+    const double interior = std::max(grossArea, 2.0 * z.floorArea + 4.0 * std::sqrt(z.floorArea) * z.height);
+    z.solarEscape = solarEscapeShare(areaTauDiffuse, windowArea, interior);
     const double at = std::max(4.5 * z.floorArea, grossArea);
     const double am = std::min(2.5 * z.floorArea, at);
     z.hIs = 0.608 * at;
+    // Catalog U-values are air-to-air: they already hold the inside film, which
+    // the network carries as the air-to-surface link h_is. The exterior
+    // conductances are raised so that, in steady state, the room loses
+    // Σ U·A through the link and them in series, not less.
+    double hExterior = z.hWindow;
+    for (const ZoneElement& e : z.elements) hExterior += e.conductance;
+    const double scale = filmCorrection(hExterior, z.hIs);
+    z.hWindow *= scale;
+    for (ZoneElement& e : z.elements) e.conductance *= scale;
+    for (WindowClass& wc : z.windows) wc.uaEmissivity *= scale;
     z.hMs = 1.60 * am;
     z.massShare = am / at;
     const double internalMass = std::max(0.0, leadingNumber(zr.fields[marloven::kInternalMass]));

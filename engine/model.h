@@ -52,6 +52,7 @@ struct ZoneElement {
 struct WindowClass {
   int group = 0;
   double areaShgc = 0;     // Σ A·SHGC, ft²
+  double uaEmissivity = 0; // Σ U·A·ε of the glazing, Btu/h·°F: its long-wave loss to the sky
   double overhang = 0;     // projection / height to the overhang
   double height = 5, gapHeight = 0;  // window height and gap to the overhang underside (ft)
   int blind = 0;           // 0 none, 1 interior Venetian, 5 exterior
@@ -66,6 +67,9 @@ struct ZoneModel {
   double floorArea = 0, height = 10, volume = 0;
   double hIs = 0, hMs = 0, massShare = 0, capacity = 0;  // massShare = A_m / A_t
   double hWindow = 0;
+  // Share of the diffuse solar inside the room that leaves again through the
+  // windows (transmitted solar reflected off the room's surfaces).
+  double solarEscape = 0;
   std::vector<ZoneElement> elements;
   std::vector<WindowClass> windows;
   double infiltrationCfm = 0;
@@ -100,6 +104,19 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
 
 // The 24 values of a profile's text (blank-separated; missing values repeat the last).
 Hourly parseProfileValues(std::string_view text);
+
+// Interior absorptance of room surfaces for solar (the catalog gives none).
+inline constexpr double kInteriorAbsorptance = 0.6;
+// Share of diffuse solar inside a room that leaves through its windows: the
+// glazing's diffuse transmittance area against the absorbing area of the room.
+// areaTauDiffuse = Σ A·τ_diffuse of the windows; interiorArea includes them.
+double solarEscapeShare(double areaTauDiffuse, double windowArea, double interiorArea);
+
+// Factor on the exterior conductances (Σ = hExterior) that keeps the room's
+// steady-state conductance through them and the air-to-surface link hIs at
+// hExterior. The link takes at most kMaxFilmShare of the resistance.
+inline constexpr double kMaxFilmShare = 0.5;
+double filmCorrection(double hExterior, double hIs);
 
 // Mass-node capacity a construction adds per ft² from its lag (Btu/ft²·°F):
 // half a homogeneous slab's capacity, capped.

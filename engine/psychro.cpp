@@ -65,4 +65,18 @@ double wetBulb(double tF, double tdpF, double pInHg) {
   return 0.5 * (lo + hi);
 }
 
+double skyInfrared(double tF, double tdpF, double cover) {
+  const double tdp = (tdpF - 32.0) / 1.8 / 100.0;
+  const double clear = 0.711 + 0.56 * tdp + 0.73 * tdp * tdp;
+  const double n = std::clamp(cover, 0.0, 10.0);
+  const double emissivity = std::min(1.0, clear * (1.0 + 0.0224 * n - 0.0035 * n * n + 0.00028 * n * n * n));
+  const double t = tF + 459.67;
+  return emissivity * 0.1714e-8 * t * t * t * t;
+}
+
+double cloudCoverFromClearness(double kt) {
+  const double deficit = std::clamp(1.0 - kt / 0.75, 0.0, 0.75);
+  return 10.0 * std::pow(deficit / 0.75, 1.0 / 3.4);
+}
+
 }  // namespace tarn

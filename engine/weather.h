@@ -24,6 +24,7 @@ struct WeatherHour {
   double diffuseH = 0;
   double wind = 0;
   double pressure = 29.921;
+  double skyIr = 0;  // long-wave irradiance of the sky on a horizontal surface, Btu/h·ft²
 };
 
 struct WeatherYear {

@@ -24,6 +24,7 @@ double cToF(double c) { return c * 1.8 + 32.0; }
 struct RawHour {
   int month = 0, day = 0;
   double db = kNaN, dp = kNaN, rh = kNaN, p = kNaN, gh = kNaN, dn = kNaN, dh = kNaN, wind = kNaN;
+  double ir = kNaN, cover = kNaN;  // sky long-wave Btu/h·ft², opaque cloud cover tenths
 };
 
 struct RawFile {
@@ -100,11 +101,16 @@ RawFile readEpw(const std::vector<std::string>& lines, RunLog& log) {
     h.dp = orNaN(cToF(dp), !(dp < 99.9));
     h.rh = orNaN(rh / 100.0, !(rh >= 0 && rh <= 110));
     h.p = orNaN(p / 3386.39, !(p > 0 && p < 999999));
-    const double gh = num(v, 13), dn = num(v, 14), dh = num(v, 15), ws = num(v, 21);
+    const double gh = num(v, 13), dn = num(v, 14), dh = num(v, 15), ws = num(v, 21), ir = num(v, 12);
     h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
     h.dn = orNaN(dn * kWhM2ToBtuFt2, !(dn >= 0 && dn < 9999));
     h.dh = orNaN(dh * kWhM2ToBtuFt2, !(dh >= 0 && dh < 9999));
     h.wind = orNaN(ws * kMsToMph, !(ws >= 0 && ws < 999));
+    h.ir = orNaN(ir * kWhM2ToBtuFt2, !(ir > 0 && ir < 9999));
+    if (v.size() > 23) {
+      const double opaque = num(v, 23);
+      h.cover = orNaN(opaque, !(opaque >= 0 && opaque <= 10));
+    }
     f.hours.push_back(h);
   }
   return f;
@@ -130,7 +136,7 @@ RawFile readTmy3(const std::vector<std::string>& lines) {
     h.month = static_cast<int>(num(v, 0));
     h.day = static_cast<int>(marloven::leadingNumber(v[0].substr(std::min<std::size_t>(3, v[0].size()))));
     const double gh = num(v, 4), dn = num(v, 7), dh = num(v, 10), db = num(v, 31), dp = num(v, 34),
-                 rh = num(v, 37), p = num(v, 40), ws = num(v, 46);
+                 rh = num(v, 37), p = num(v, 40), ws = num(v, 46), opaque = num(v, 28);
     h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
     h.dn = orNaN(dn * kWhM2ToBtuFt2, !(dn >= 0 && dn < 9999));
     h.dh = orNaN(dh * kWhM2ToBtuFt2, !(dh >= 0 && dh < 9999));
@@ -139,6 +145,7 @@ RawFile readTmy3(const std::vector<std::string>& lines) {
     h.rh = orNaN(rh / 100.0, !(rh >= 0 && rh <= 110));
     h.p = orNaN(p * 0.02953, !(p > 0 && p < 9999));
     h.wind = orNaN(ws * kMsToMph, !(ws >= 0 && ws < 999));
+    h.cover = orNaN(opaque, !(opaque >= 0 && opaque <= 10));
     f.hours.push_back(h);
   }
   return f;
@@ -401,6 +408,18 @@ WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int yea
     for (int k = 0; k < 24; ++k) h += wy.hours[static_cast<std::size_t>(d - 1) * 24 + k].globalH;
     const double h0 = dailyExtraterrestrial(lat, dayAstro(d));
     wy.dailyClearness[d - 1] = h0 > 0 ? h / h0 : 0.0;
+  }
+  // Sky long-wave: the file's where it has it, else from the dew point and the
+  // cloud cover (the file's, or the day's clearness when it has none).
+  for (std::size_t i = 0; i < need; ++i) {
+    WeatherHour& w = wy.hours[i];
+    if (!std::isnan(hours[i].ir)) {
+      w.skyIr = hours[i].ir;
+      continue;
+    }
+    const double cover = !std::isnan(hours[i].cover) ? hours[i].cover
+                                                      : cloudCoverFromClearness(wy.dailyClearness[i / 24]);
+    w.skyIr = skyInfrared(w.dryBulb, w.dewPoint, cover);
   }
   return wy;
 }

@@ -246,6 +246,7 @@ WeatherYear synthesize(const MonthlyStats& s, const Site& site, std::string_view
       wh.globalH = g;
       wh.diffuseH = dif;
       wh.directN = beam > 0 ? beam / sinAlt[h - 1] : 0.0;
+      wh.skyIr = skyInfrared(wh.dryBulb, wh.dewPoint, cloudCoverFromClearness(kt));
     }
   }
   return wy;

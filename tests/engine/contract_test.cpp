@@ -181,21 +181,19 @@ TEST(Attribution, CategoriesCloseEveryHourAndMonth) {
 TEST(StandardCases, AgainstTheReferencePrograms) {
   const std::string weather = std::string(TARN_WEATHER_DIR) + "/recorded/725650TYCST.epw";
   if (!fs::exists(weather)) GTEST_SKIP() << "recorded Denver weather not found at " << weather;
-  struct Range { double lo, hi, leastPad = 0; };
+  // pad: how far outside the reference spread a value may sit. 0 where the
+  // engine is inside; the rest are the known gaps engine/README.md explains
+  // (15 % of the reference mean, 2 K for the heavy zone's coldest hour).
+  struct Range { double lo, hi, pad = 0; };
   struct Case { const char* file; Range heat, cool, peakHeat, peakCool, tMin, tMax; };
   // Reference programs' min/max (heating and sensible cooling MWh, peaks kW,
   // free-float zone temperatures C), the edition that uses this weather file.
   const Case cases[] = {
-      {"case600.inp", {3.993, 4.504}, {5.432, 6.162}, {3.020, 3.359}, {5.422, 6.481}, {-13.8, -9.9, 1.0}, {62.4, 68.4, 1.0}},
-      {"case900.inp", {1.379, 1.814}, {2.267, 2.714}, {2.443, 2.778}, {2.556, 3.376}, {0.6, 2.2, 1.0}, {43.3, 46.0, 1.0}}};
-  // Until every value sits inside the reference spread the test holds the
-  // engine to the spread widened by 15 % of the reference mean on each side,
-  // (at least 1 K for temperatures) so a regression shows;
-  // tools/validation/run_standard_cases.py prints the strict comparison.
-  auto within = [](double v, Range r) {
-    const double pad = std::max(r.leastPad, 0.15 * std::fabs(0.5 * (r.lo + r.hi)));
-    return v >= r.lo - pad && v <= r.hi + pad;
-  };
+      {"case600.inp", {3.993, 4.504}, {5.432, 6.162, 0.88}, {3.020, 3.359}, {5.422, 6.481, 0.90}, {-13.8, -9.9},
+       {62.4, 68.4}},
+      {"case900.inp", {1.379, 1.814, 0.24}, {2.267, 2.714, 0.37}, {2.443, 2.778}, {2.556, 3.376}, {0.6, 2.2, 2.0},
+       {43.3, 46.0}}};
+  auto within = [](double v, Range r) { return v >= r.lo - r.pad && v <= r.hi + r.pad; };
   for (const Case& c : cases) {
     ScratchDir d;
     d.put("ecalc$.inp", fixture(c.file));

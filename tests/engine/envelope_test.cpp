@@ -5,6 +5,10 @@
 
 #include "engine/envelope.h"
 #include "engine/model.h"
+#include "engine/run_log.h"
+#include "engine/weather_readers.h"
+#include "common/file_io.h"
+#include <filesystem>
 
 using namespace tarn;
 
@@ -34,11 +38,19 @@ TEST(Envelope, PeriodicResponseOfConstantAndSinusoid) {
 }
 
 TEST(Envelope, SolAirOfARoofByHand) {
-  // 90 F air, absorptance 0.6, 300 Btu/h·ft² on a flat roof, 7.5 mph (h_o = 4.0025).
+  // 90 F air, absorptance 0.6, 300 Btu/h·ft² on a flat roof, 7.5 mph (h_o = 4.0025),
+  // a sky 21 Btu/h·ft² below a black body at air temperature.
   const double ho = 2.0 + 0.267 * 7.5;
-  EXPECT_NEAR(solAir(90.0, 0.6, 300.0, 7.5, 0.0), 90.0 + 180.0 / ho - 21.0 / ho, 1e-12);
-  // A wall has no long-wave correction; at night it is the air temperature.
-  EXPECT_DOUBLE_EQ(solAir(50.0, 0.9, 0.0, 10.0, 90 * kDeg), 50.0);
+  const double t = 90.0 + 459.67, blackBody = 0.1714e-8 * t * t * t * t;
+  const double loss = skyLongWave(90.0, blackBody - 21.0, 0.0, 1.0);
+  EXPECT_NEAR(loss, 21.0, 1e-9);
+  EXPECT_NEAR(solAir(90.0, 0.6, 300.0, 7.5, 0.9 * loss), 90.0 + (180.0 - 0.9 * 21.0) / ho, 1e-12);
+  // A wall sees half the sky, a surface facing down none; a sky as warm as
+  // the air takes nothing.
+  EXPECT_NEAR(skyLongWave(90.0, blackBody - 21.0, 90 * kDeg, 0.9), 0.5 * 0.9 * 21.0, 1e-9);
+  EXPECT_NEAR(skyLongWave(90.0, blackBody - 21.0, 180 * kDeg, 0.9), 0.0, 1e-9);
+  EXPECT_NEAR(skyLongWave(90.0, blackBody, 0.0, 0.9), 0.0, 1e-9);
+  EXPECT_DOUBLE_EQ(solAir(50.0, 0.9, 0.0, 10.0, 0.0), 50.0);
 }
 
 TEST(Envelope, ShadingFactorsAtKnownAngles) {
@@ -70,4 +82,50 @@ TEST(Envelope, AngularResponseAndTokens) {
   EXPECT_DOUBLE_EQ(t.left, 0.25);
   EXPECT_DOUBLE_EQ(t.overhang, 0.8);  // the last of a letter wins
   EXPECT_DOUBLE_EQ(t.obstruction, 0.3);
+}
+
+// The room of the standard cases (12 m² of glass, 171.6 m² of room surfaces,
+// τ_d 0.602): 7.2 / (0.6·159.6 + 7.2) of the diffuse light leaves.
+TEST(Envelope, SolarLeavingThroughTheGlazing) {
+  EXPECT_NEAR(solarEscapeShare(12.0 * 0.602, 12.0, 171.6), 7.224 / (0.6 * 159.6 + 7.224), 1e-12);
+  EXPECT_DOUBLE_EQ(solarEscapeShare(0.0, 0.0, 100.0), 0.0);
+}
+
+// The exterior conductances in series with the air-to-surface link give back
+// the catalog's Σ U·A; the link never takes more than its cap.
+TEST(Envelope, SteadyStateConductanceIsTheCatalogs) {
+  const double hX = 126.85, hIs = 1413.6;
+  const double scaled = hX * filmCorrection(hX, hIs);
+  EXPECT_NEAR(1.0 / (1.0 / scaled + 1.0 / hIs), hX, 1e-9);
+  EXPECT_DOUBLE_EQ(filmCorrection(900.0, 1000.0), 1.0 / (1.0 - kMaxFilmShare));
+  EXPECT_DOUBLE_EQ(filmCorrection(10.0, 0.0), 1.0);
+}
+
+// Annual irradiance on the standard cases' surfaces from the recorded Denver
+// year against the published spread of the reference programs (kWh/m²):
+// horizontal 1663-1670, south 1291-1387, east 1017-1068, west 903-997, north 399-477.
+TEST(Envelope, AnnualIrradianceMatchesTheReferencePrograms) {
+  const std::string path = std::string(TARN_WEATHER_DIR) + "/recorded/725650TYCST.epw";
+  if (!std::filesystem::exists(path)) GTEST_SKIP() << "recorded Denver weather not found at " << path;
+  RunLog log;
+  const WeatherYear w = readRecorded(marloven::readFile(path), WeatherFormat::Epw, 2025, Site{}, log);
+  struct Face { double azimuth, tilt, lo, hi; };
+  const Face faces[] = {{0, 0, 1663, 1670}, {180, 90, 1291, 1387}, {90, 90, 1017, 1068}, {270, 90, 903, 997},
+                        {0, 90, 399, 477}};
+  std::vector<OrientationGroup> groups;
+  for (const Face& f : faces) {
+    OrientationGroup g;
+    g.azimuth = f.azimuth * kDeg;
+    g.tilt = f.tilt * kDeg;
+    groups.push_back(g);
+  }
+  const GroupIrradiance irr = computeIrradiance(groups, w);
+  for (int g = 0; g < irr.groups; ++g) {
+    double sum = 0;
+    for (int t = 0; t < irr.hours; ++t) sum += irr.at(irr.beam, g, t) + irr.at(irr.sky, g, t) + irr.at(irr.ground, g, t);
+    const double kwh = sum * 3.15459e-3;
+    // The published values are whole kWh/m².
+    EXPECT_GE(kwh, faces[g].lo - 0.5) << "face " << g;
+    EXPECT_LE(kwh, faces[g].hi + 0.5) << "face " << g;
+  }
 }

@@ -161,6 +161,20 @@ std::string epwSnippet(int hours, bool withGap) {
 }
 }  // namespace
 
+// Berdahl & Martin at a hand point: 20 C air, 10 C dew point, clear sky:
+// emissivity 0.711 + 0.056 + 0.0073 = 0.7743 of σT⁴ (T = 293.15 K, 418.7 W/m²).
+TEST(SkyLongWave, ClearSkyEmissivityAndClouds) {
+  const double clear = skyInfrared(68.0, 50.0, 0.0);
+  EXPECT_NEAR(clear / 0.3170, 0.7743 * 5.670e-8 * std::pow(293.15, 4), 0.6);
+  // Overcast raises it (Walton: × 1.1484 at 10 tenths), never past a black body.
+  EXPECT_NEAR(skyInfrared(68.0, 50.0, 10.0) / clear, 1.0 + 0.224 - 0.35 + 0.28, 1e-9);
+  EXPECT_LE(skyInfrared(90.0, 89.0, 10.0), 0.1714e-8 * std::pow(90.0 + 459.67, 4) + 1e-9);
+  // Cloud cover from clearness: clear at 0.75, overcast at 0, monotonic between.
+  EXPECT_NEAR(cloudCoverFromClearness(0.75), 0.0, 1e-12);
+  EXPECT_NEAR(cloudCoverFromClearness(0.0), 10.0, 1e-12);
+  EXPECT_GT(cloudCoverFromClearness(0.3), cloudCoverFromClearness(0.5));
+}
+
 TEST(WeatherReaders, EpwUnitsGapsAndLocation) {
   RunLog log;
   const WeatherYear w = readRecorded(epwSnippet(8760, true), WeatherFormat::Epw, 2025, denverSite(), log);
@@ -173,6 +187,7 @@ TEST(WeatherReaders, EpwUnitsGapsAndLocation) {
   EXPECT_NEAR(w.hours[0].pressure, 83700 / 3386.39, 1e-9);
   EXPECT_NEAR(w.hours[0].wind, 4.0 * 2.23694, 1e-9);
   EXPECT_NEAR(w.hours[0].globalH, 500 * 0.3170, 1e-9);
+  EXPECT_NEAR(w.hours[0].skyIr, 300 * 0.3170, 1e-9);  // the file's sky long-wave wins
   // Three missing hours are interpolated linearly between 14.5 C and 16.5 C.
   EXPECT_NEAR(w.hours[11].dryBulb, (15.5 * 1.8 + 32), 1e-9);
 }

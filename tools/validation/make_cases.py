@@ -18,7 +18,6 @@ W_M2K_TO_IP = 0.1761102          # W/m2K -> Btu/h ft2 F
 M2_TO_FT2 = 10.76391
 M_TO_FT = 1.0 / 0.3048
 MJK_TO_BTUF = 1e6 / 1055.056 / 1.8
-R_SE, R_SI = 1.0 / 29.3, 1.0 / 8.29  # film resistances for the periodic response
 
 
 def layer_matrix(d, lam, rho, c):
@@ -40,10 +39,12 @@ def mul(a, b):
             [a[1][0] * b[0][0] + a[1][1] * b[1][0], a[1][0] * b[0][1] + a[1][1] * b[1][1]]]
 
 
-def periodic_response(layers):
-    """layers outside -> inside: (d, lambda, rho, c) or ('R', r). Returns (U, decrement, lag h)."""
-    z = resistance_matrix(R_SE)
-    r_total = R_SE + R_SI
+def periodic_response(layers, films):
+    """layers outside -> inside: (d, lambda, rho, c) or ('R', r); films (h_in, h_out) W/m2K.
+    Returns (U air-to-air, decrement, lag h)."""
+    r_si, r_se = 1.0 / films[0], 1.0 / films[1]
+    z = resistance_matrix(r_se)
+    r_total = r_se + r_si
     for layer in layers:
         if layer[0] == 'R':
             m = resistance_matrix(layer[1])
@@ -52,11 +53,16 @@ def periodic_response(layers):
             m = layer_matrix(*layer)
             r_total += layer[0] / layer[1]
         z = mul(m, z)
-    z = mul(resistance_matrix(R_SI), z)
+    z = mul(resistance_matrix(r_si), z)
     y12 = -1.0 / z[0][1]
     u = 1.0 / r_total
     lag = (-cmath.phase(y12)) % (2 * math.pi) * 24.0 / (2 * math.pi)
     return u, abs(y12) / u, lag
+
+
+def engine_construction_capacity(u_ip, lag):
+    """What the engine adds to the room's capacity per ft2 of an opaque row (Btu/ft2F)."""
+    return min(10.0, 0.26 * u_ip * lag * lag)
 
 
 def capacity(layers):
@@ -68,16 +74,16 @@ WALL_900 = [(0.009, 0.14, 530, 900), (0.0615, 0.04, 10, 1400), (0.100, 0.51, 140
 ROOF = [(0.019, 0.14, 530, 900), (0.1118, 0.04, 12, 840), (0.010, 0.16, 950, 840)]
 FLOOR_600 = [('R', 25.075), (0.025, 0.14, 650, 1200)]
 FLOOR_900 = [('R', 25.175), (0.080, 1.13, 1400, 1000)]
-# U with films. The engine's catalog U includes the combined (convective +
-# long-wave) surface coefficients, so opaque U comes from the layers with the
-# test's combined films, and the window takes the test's air-to-air U with
-# those films (3.0 W/m2K). The newer edition's lower "air-to-air" values use
-# convective-only films for programs that model interior long-wave exchange
-# separately; a one-node surface model would lose that exchange with them.
-U_WALL = periodic_response(WALL_600)[0]
-U_WALL_HEAVY = periodic_response(WALL_900)[0]
-U_ROOF = periodic_response(ROOF)[0]
-U_WINDOW = 3.0
+# Surface coefficients (interior, exterior) W/m2K of the edition that runs on
+# 725650TYCST.epw. They are the combined coefficients its air-to-air U-values
+# are defined with (walls 0.418/0.417, roof 0.276, floor 0.039, window 2.10);
+# the older edition's 8.29/29.3 films belong to its own weather file and must
+# not be mixed with this one.
+FILMS_WALL, FILMS_ROOF, FILMS_FLOOR = (1.8, 21.6), (1.7, 21.8), (3.7, 5.2)
+U_WALL = periodic_response(WALL_600, FILMS_WALL)[0]
+U_WALL_HEAVY = periodic_response(WALL_900, FILMS_WALL)[0]
+U_ROOF = periodic_response(ROOF, FILMS_ROOF)[0]
+U_WINDOW = 2.10
 SHGC, DL_TRANS = 0.769, 0.79
 
 FLOOR_M2, N_WALL, E_WALL, WINDOW, HEIGHT = 48.0, 21.6, 16.2, 12.0, 2.7
@@ -94,8 +100,8 @@ def num(v, digits=4):
     return (' ' if v >= 0 else '') + s + ' '
 
 
-def wall_type(i, name, u, absorb, layers):
-    _, dec, lag = periodic_response(layers)
+def wall_type(i, name, absorb, layers, films):
+    u, dec, lag = periodic_response(layers, films)
     return ['ID. #     %d' % i, 'Descript. ' + name, 'U-Factor  ' + num(u * W_M2K_TO_IP).strip(),
             'Solar Abs ' + num(absorb).strip(), 'Time Lag  ' + num(lag, 2).strip(),
             'Dec. Fact ' + num(dec, 3).strip(), 'Ins. Cost 0']
@@ -126,8 +132,14 @@ def case(heavy):
     interior = (capacity(wall_layers[-1:]) * OPAQUE_WALLS + capacity(ROOF[-1:]) * FLOOR_M2 +
                 capacity(floor_layers) * FLOOR_M2) / 1e6 * MJK_TO_BTUF
     area_ft2 = FLOOR_M2 * M2_TO_FT2
-    # The engine counts 1 Btu/ft2F of furnishings itself; the rest is internal mass.
-    internal_mass = (interior / area_ft2 - 1.0) / 0.2
+    # The engine counts 1 Btu/ft2F of furnishings and, for every opaque row, a
+    # capacity from the construction's U and lag; the rest is internal mass.
+    engine_own = area_ft2 * 1.0
+    for layers, films, area_m2 in ((wall_layers, FILMS_WALL, OPAQUE_WALLS), (ROOF, FILMS_ROOF, FLOOR_M2),
+                                   (floor_layers, FILMS_FLOOR, FLOOR_M2)):
+        u, _, lag = periodic_response(layers, films)
+        engine_own += area_m2 * M2_TO_FT2 * engine_construction_capacity(round(u * W_M2K_TO_IP, 4), round(lag, 2))
+    internal_mass = (interior - engine_own) / area_ft2 / 0.2
     name = 'Case 900 heavyweight' if heavy else 'Case 600 lightweight'
     lines = ['MARLOVEN  .83774665  4  IP',
              'Bld. Type Test cell', 'Proj.Name Standard test ' + ('900' if heavy else '600'),
@@ -150,9 +162,10 @@ def case(heavy):
              'Elec.Esc. 2', 'Gas  Cost 1', 'Gas  Esc. 2', 'WaterCost 4', 'WaterEsc. 2', 'DemCharge  N',
              'WALL AND ROOF PROPERTIES']
     lines += wall_type(1, 'Heavy wall: siding, foam, concrete block' if heavy else 'Light wall: siding, fiberglass, plasterboard',
-                       U_WALL_HEAVY if heavy else U_WALL, 0.6, wall_layers)
-    lines += wall_type(2, 'Roof: deck, fiberglass, plasterboard', U_ROOF, 0.6, ROOF)
-    lines += wall_type(3, 'Insulated raised floor' + (', concrete slab' if heavy else ', timber'), periodic_response(FLOOR_900 if heavy else FLOOR_600)[0], 0.0, floor_layers)
+                       0.6, wall_layers, FILMS_WALL)
+    lines += wall_type(2, 'Roof: deck, fiberglass, plasterboard', 0.6, ROOF, FILMS_ROOF)
+    lines += wall_type(3, 'Insulated raised floor' + (', concrete slab' if heavy else ', timber'), 0.0, floor_layers,
+                       FILMS_FLOOR)
     lines += ['9999', 'WINDOW PROPERTIES', 'ID. #     1', 'Descript. Double clear, 12 mm air gap',
               'U-Factor  ' + num(U_WINDOW * W_M2K_TO_IP).strip(), 'S.H.G.C.  ' + num(SHGC).strip(), 'Emissiv.  .84',
               'DL. Trans ' + num(DL_TRANS).strip(), 'Ins. Cost 0', '9999',
@@ -188,9 +201,10 @@ def main():
     for run_type, name in ((3, 'hvac'), (4, 'free_float')):
         with open(os.path.join(out, name + '.tmp'), 'w', newline='', encoding='latin-1') as f:
             f.write(control(run_type))
-    for label, layers in (('wall 600', WALL_600), ('wall 900', WALL_900), ('roof', ROOF),
-                          ('floor 600', FLOOR_600), ('floor 900', FLOOR_900)):
-        u, dec, lag = periodic_response(layers)
+    for label, layers, films in (('wall 600', WALL_600, FILMS_WALL), ('wall 900', WALL_900, FILMS_WALL),
+                                 ('roof', ROOF, FILMS_ROOF), ('floor 600', FLOOR_600, FILMS_FLOOR),
+                                 ('floor 900', FLOOR_900, FILMS_FLOOR)):
+        u, dec, lag = periodic_response(layers, films)
         print('%-10s U %.3f W/m2K  decrement %.3f  lag %.2f h' % (label, u, dec, lag))
 
 
