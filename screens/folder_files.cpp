@@ -21,7 +21,7 @@ FolderFiles::FolderFiles(const QString& directory, const QString& pattern, QWidg
   files_ = new QListWidget(this);
   files_->setObjectName("File1");
   lists->addWidget(folders_, 1);
-  lists->addWidget(files_, 1);
+  lists->addWidget(files_, 2);
   layout->addLayout(lists, 1);
   connect(folders_, &QListWidget::itemActivated, this,
           [this](QListWidgetItem* i) { setDirectory(QDir(directory_).absoluteFilePath(i->text())); });

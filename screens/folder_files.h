@@ -1,4 +1,4 @@
-// A folder and its files for the sketch's dialogs: the folder's path, its
+// A folder and its files for the file dialogs: the folder's path, its
 // sub-folders to move into, and the files that match a pattern.
 #pragma once
 

@@ -1,7 +1,8 @@
 #include "screens/project_file_dialog.h"
 
+#include "screens/folder_files.h"
+
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -37,7 +38,7 @@ Names namesOf(ProjectFileDialog::Mode m) {
 
 ProjectFileDialog::ProjectFileDialog(Mode mode, const QString& directory, const QString& pattern,
                                      const QString& name, QWidget* parent)
-    : QDialog(parent), mode_(mode), pattern_(pattern) {
+    : QDialog(parent) {
   const Names n = namesOf(mode);
   setObjectName(n.form);
   setWindowTitle(tr(n.title));
@@ -54,20 +55,10 @@ ProjectFileDialog::ProjectFileDialog(Mode mode, const QString& directory, const 
   name_->setObjectName(n.box);
   layout->addWidget(name_);
 
-  where_ = new QLabel(this);
-  where_->setObjectName("Dir1");
-  layout->addWidget(where_);
-
-  auto* lists = new QHBoxLayout;
-  folders_ = new QListWidget(this);
-  folders_->setObjectName("folders");
-  files_ = new QListWidget(this);
-  files_->setObjectName("File1");
-  lists->addWidget(folders_, 1);
-  lists->addWidget(files_, 2);
-  layout->addLayout(lists, 1);
+  lists_ = new FolderFiles(directory, pattern, this);
+  layout->addWidget(lists_, 1);
   // The sample list stays in the installation's sample folder.
-  folders_->setVisible(mode != Mode::Sample);
+  lists_->folders()->setVisible(mode != Mode::Sample);
 
   if (mode == Mode::SaveInput) {
     auto* box = new QGroupBox(this);
@@ -90,33 +81,22 @@ ProjectFileDialog::ProjectFileDialog(Mode mode, const QString& directory, const 
   });
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
-  connect(files_, &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { name_->setText(i->text()); });
-  connect(files_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) {
+  connect(files(), &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { name_->setText(i->text()); });
+  connect(files(), &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) {
     name_->setText(i->text());
     accept();
   });
-  connect(folders_, &QListWidget::itemActivated, this, [this](QListWidgetItem* i) {
-    setDirectory(QDir(directory_).absoluteFilePath(i->text()));
-  });
 
-  setDirectory(directory);
   resize(520, 420);
 }
 
-void ProjectFileDialog::setDirectory(const QString& directory) {
-  directory_ = QDir::cleanPath(QDir(directory).absolutePath());
-  relist();
-}
+QString ProjectFileDialog::directory() const { return lists_->directory(); }
 
-void ProjectFileDialog::relist() {
-  where_->setText(directory_);
-  QDir dir(directory_);
-  folders_->clear();
-  if (!dir.isRoot()) folders_->addItem("..");
-  folders_->addItems(dir.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name));
-  files_->clear();
-  files_->addItems(dir.entryList({pattern_}, QDir::Files, QDir::Name));
-}
+void ProjectFileDialog::setDirectory(const QString& directory) { lists_->setDirectory(directory); }
+
+QListWidget* ProjectFileDialog::files() const { return lists_->files(); }
+
+QListWidget* ProjectFileDialog::folders() const { return lists_->folders(); }
 
 QString ProjectFileDialog::name() const { return name_->text().trimmed(); }
 

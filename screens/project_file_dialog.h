@@ -14,6 +14,10 @@ class QListWidget;
 class QRadioButton;
 
 namespace marloven::screens {
+class FolderFiles;
+}
+
+namespace marloven::screens {
 
 class ProjectFileDialog : public QDialog {
   Q_OBJECT
@@ -24,27 +28,20 @@ class ProjectFileDialog : public QDialog {
   ProjectFileDialog(Mode mode, const QString& directory, const QString& pattern, const QString& name,
                     QWidget* parent = nullptr);
 
-  QString directory() const { return directory_; }
+  QString directory() const;
   void setDirectory(const QString& directory);
   QString name() const;
   UnitSystem units() const;
   void setUnits(UnitSystem units);
   void setMessage(const QString& text);
 
-  QListWidget* files() const { return files_; }
-  QListWidget* folders() const { return folders_; }
+  QListWidget* files() const;
+  QListWidget* folders() const;
   QLineEdit* nameBox() const { return name_; }
 
  private:
-  void relist();
-
-  Mode mode_;
-  QString directory_;
-  QString pattern_;
-  QLabel* where_ = nullptr;
   QLabel* message_ = nullptr;
-  QListWidget* folders_ = nullptr;
-  QListWidget* files_ = nullptr;
+  FolderFiles* lists_ = nullptr;
   QLineEdit* name_ = nullptr;
   QRadioButton* ip_ = nullptr;
   QRadioButton* si_ = nullptr;
