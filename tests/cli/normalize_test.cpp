@@ -5,22 +5,12 @@
 #include <sstream>
 
 #include "cli/commands.h"
+#include "run_cli.h"
 #include "project/project_test_util.h"
 #include "support/temp_install.h"
 
 namespace marloven::testing {
 namespace {
-
-struct Result {
-  int status;
-  std::string out, err;
-};
-
-Result runCli(const std::vector<std::string>& args) {
-  std::ostringstream out, err;
-  const int status = cli::run(args, out, err);
-  return {status, out.str(), err.str()};
-}
 
 TEST(Normalize, WritesTheProjectAsASaveWouldWithItsSideFiles) {
   TempInstall inst;

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "cli/commands.h"
+#include "run_cli.h"
 #include "project/project_test_util.h"
 #include "project/zone_scratch.h"
 #include "support/temp_install.h"
@@ -13,17 +14,6 @@ namespace marloven::testing {
 namespace {
 
 const std::string kTemplate = std::string(FIXTURE_DIR) + "/../../../install/sketch/bld_mtx2.000";
-
-struct Result {
-  int status;
-  std::string out, err;
-};
-
-Result runCli(const std::vector<std::string>& args) {
-  std::ostringstream out, err;
-  const int status = cli::run(args, out, err);
-  return {status, out.str(), err.str()};
-}
 
 // The template with zone 1 drawn 20 cells wide and 10 high, a row of zone 2
 // in the bottom row of the screen.

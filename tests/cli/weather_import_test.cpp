@@ -5,23 +5,13 @@
 #include <sstream>
 
 #include "cli/commands.h"
+#include "run_cli.h"
 #include "common/text_lines.h"
 #include "support/temp_install.h"
 #include "weather/weather_database.h"
 
 namespace marloven::testing {
 namespace {
-
-struct Result {
-  int status;
-  std::string out, err;
-};
-
-Result runCli(const std::vector<std::string>& args) {
-  std::ostringstream out, err;
-  const int status = cli::run(args, out, err);
-  return {status, out.str(), err.str()};
-}
 
 // A year of constant hours: 25 C, dew point 20 C, 300 Wh/m2 at noon, 3 m/s.
 std::string constantYear(const std::string& location) {
