@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/calendar.h"
+#include "engine/energy.h"
 #include "engine/model.h"
 #include "engine/weather.h"
 
@@ -54,6 +55,10 @@ struct LoadsResult {
   std::vector<ZoneLoads> zones;
   // Largest |Σ categories − total| of any zone-hour, relative to the largest flow.
   double balanceError = 0;
+  // Every accumulated hour in calendar order, and each zone's record of it:
+  // zoneHours[i * zones.size() + z] belongs to hours[i].
+  std::vector<SimulatedHour> hours;
+  std::vector<ZoneHourRecord> zoneHours;
   LoadRows annualHeating() const;
   LoadRows annualCooling() const;
 };
