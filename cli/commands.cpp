@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 
 #include "cli/context.h"
+#include "cli/engine_commands.h"
 #include "cli/report_commands.h"
 #include "cli/weather_commands.h"
 #include "cli/sketch_commands.h"
@@ -39,7 +40,9 @@ constexpr const char* kUsage =
     "                        add the monthly statistics of a recorded hourly weather file\n"
     "                        to weather/weth.asc (group: the state or country of the file)\n"
     "  sketch extract [--from PROJECT.inp]\n"
-    "                        split sketch/bld_mtx.all, extract its zones and rebuild it\n";
+    "                        split sketch/bld_mtx.all, extract its zones and rebuild it\n"
+    "  run-engine DIR        run the simulation engine tarn64 on the run files in DIR\n"
+    "                        (ecalc$.inp, ecalc$.tmp) and list the results it wrote\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -111,6 +114,7 @@ const std::map<std::string, Command>& commands() {
       {"report front", reportFront},
       {"weather import", weatherImport},
       {"sketch extract", sketchExtract},
+      {"run-engine", runEngine},
   };
   return table;
 }
@@ -140,17 +144,23 @@ int run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     err << "unknown or incomplete option " << args[i] << "\n" << kUsage;
     return 2;
   }
-  if (i + 2 > args.size()) {
+  if (i >= args.size()) {
     err << kUsage;
     return 2;
   }
-  const auto found = commands().find(args[i] + " " + args[i + 1]);
+  // Commands are one word or two.
+  std::size_t words = 1;
+  auto found = commands().find(args[i]);
+  if (found == commands().end() && i + 1 < args.size()) {
+    found = commands().find(args[i] + " " + args[i + 1]);
+    words = 2;
+  }
   if (found == commands().end()) {
-    err << "unknown command: " << args[i] << " " << args[i + 1] << "\n" << kUsage;
+    err << "unknown command: " << args[i] << (i + 1 < args.size() ? " " + args[i + 1] : "") << "\n" << kUsage;
     return 2;
   }
   try {
-    return found->second(c, std::vector<std::string>(args.begin() + static_cast<long>(i) + 2, args.end()));
+    return found->second(c, std::vector<std::string>(args.begin() + static_cast<long>(i + words), args.end()));
   } catch (const FileError& e) {
     report(err, e.number(), e.detail());
   } catch (const std::bad_alloc&) {

@@ -1,0 +1,18 @@
+// marloven-cli run-engine DIR: the simulation engine on a prepared scratch
+// directory, as the program starts it after a run's set-up.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/context.h"
+
+namespace marloven::cli {
+
+// Runs tarn64 in DIR and lists the result files it left there, or the errors
+// of its log when it failed. The engine is MARLOVEN_TARN64 when set, else the
+// tarn64 beside this program (installed tree, or the build tree's engine
+// folder), else tarn64 on the PATH.
+int runEngine(Context& c, const std::vector<std::string>& args);
+
+}  // namespace marloven::cli

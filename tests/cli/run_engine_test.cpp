@@ -1,0 +1,68 @@
+// marloven-cli run-engine: the real engine program on a scratch directory.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+#include "common/file_io.h"
+#include "run_cli.h"
+
+namespace fs = std::filesystem;
+using marloven::testing::runCli;
+
+namespace {
+
+class EngineDir : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    setenv("MARLOVEN_TARN64", TARN_BINARY, 1);
+    dir_ = fs::temp_directory_path() / ("run-engine-" + std::to_string(std::random_device{}()));
+    fs::create_directories(dir_);
+  }
+  void TearDown() override {
+    unsetenv("MARLOVEN_TARN64");
+    fs::remove_all(dir_);
+  }
+  void put(const char* name, const std::string& bytes) { marloven::writeFileAtomic((dir_ / name).string(), bytes); }
+  fs::path dir_;
+};
+
+const char* const kControl =
+    "Run type  :  3\r\nWthr type :  0\r\n1st day   :  4 \r\nRun begin :  1\r\nRun end   :  31\r\n"
+    "Hourly out:  0 \r\nSkip month: \r\nComfort   :  68       79 \r\n";
+
+TEST_F(EngineDir, ListsTheResultsOfASuccessfulRun) {
+  put("ecalc$.inp", marloven::readFile(std::string(BESTEST_DIR) + "/case600.inp"));
+  put("ecalc$.tmp", kControl);
+  const auto r = runCli({"run-engine", dir_.string()});
+  ASSERT_EQ(r.status, 0) << r.err;
+  for (const char* name : {"sim$.out", "ecalc$.wth", "ecalc$.flt", "tarn64.err"})
+    EXPECT_NE(r.out.find((dir_ / name).string()), std::string::npos) << name << "\n" << r.out;
+  EXPECT_TRUE(fs::file_size(dir_ / "sim$.out") > 0);
+}
+
+TEST_F(EngineDir, FailuresNameTheCause) {
+  auto r = runCli({"run-engine", dir_.string()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("ecalc$.inp is missing"), std::string::npos) << r.err;
+
+  // The engine's own refusal reaches the user with its log lines.
+  put("ecalc$.inp", "not a project\r\n");
+  put("ecalc$.tmp", kControl);
+  r = runCli({"run-engine", dir_.string()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("tarn64 failed with status 1"), std::string::npos) << r.err;
+  EXPECT_NE(r.err.find("  ERROR ecalc$.inp"), std::string::npos) << r.err;
+  EXPECT_FALSE(fs::exists(dir_ / "sim$.out"));
+
+  setenv("MARLOVEN_TARN64", (dir_ / "no-such-engine").c_str(), 1);
+  r = runCli({"run-engine", dir_.string()});
+  EXPECT_EQ(r.status, 1);
+  EXPECT_NE(r.err.find("cannot run"), std::string::npos) << r.err;
+
+  EXPECT_EQ(runCli({"run-engine"}).status, 2);
+  EXPECT_EQ(runCli({"run-engine", (dir_ / "absent").string()}).status, 1);
+}
+
+}  // namespace
