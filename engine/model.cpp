@@ -397,7 +397,7 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     // Room surfaces: the rows, or at least a square room's floor, ceiling and walls.
     const double interior = std::max(grossArea, 2.0 * z.floorArea + 4.0 * std::sqrt(z.floorArea) * z.height);
     z.solarEscape = solarEscapeShare(areaTauDiffuse, windowArea, interior);
-    const double at = std::max(4.5 * z.floorArea, grossArea);
+    const double at = interior;
     const double am = std::min(2.5 * z.floorArea, at);
     z.hIs = 0.608 * at;
     // Catalog U-values are air-to-air: they already hold the inside film, which
