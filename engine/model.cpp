@@ -399,7 +399,9 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     z.solarEscape = solarEscapeShare(areaTauDiffuse, windowArea, interior);
     const double at = interior;
     const double am = std::min(2.5 * z.floorArea, at);
-    z.hIs = 0.608 * at;
+    // Air to surfaces: 3.1 W/m²·K over the room's own surfaces (see the README:
+    // the simplified method's 3.45 belongs to its nominal 4.5 × floor area).
+    z.hIs = kSurfaceLink * at;
     // Catalog U-values are air-to-air: they already hold the inside film, which
     // the network carries as the air-to-surface link h_is. The exterior
     // conductances are raised so that, in steady state, the room loses

@@ -105,6 +105,9 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
 // The 24 values of a profile's text (blank-separated; missing values repeat the last).
 Hourly parseProfileValues(std::string_view text);
 
+// Air-to-surface link per ft² of room surface, Btu/h·ft²·°F (3.1 W/m²·K).
+inline constexpr double kSurfaceLink = 0.546;
+
 // Interior absorptance of room surfaces for solar (the catalog gives none).
 inline constexpr double kInteriorAbsorptance = 0.6;
 // Share of diffuse solar inside a room that leaves through its windows: the
