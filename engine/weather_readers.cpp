@@ -151,6 +151,19 @@ RawFile readTmy3(const std::vector<std::string>& lines) {
   return f;
 }
 
+// The fields the fixed-width formats share: radiation in the file's unit
+// (9999 missing), dry bulb and dew point in tenths of °C, wind in tenths of
+// m/s (missing from windMissing up).
+void fixedWidthFields(RawHour& h, double gh, double dn, double dh, double toBtu, double db, double dp, double ws,
+                      double windMissing) {
+  h.gh = orNaN(gh * toBtu, !(gh >= 0 && gh < 9999));
+  h.dn = orNaN(dn * toBtu, !(dn >= 0 && dn < 9999));
+  h.dh = orNaN(dh * toBtu, !(dh >= 0 && dh < 9999));
+  h.db = orNaN(cToF(db / 10.0), !(db > -999 && db < 9999));
+  h.dp = orNaN(cToF(dp / 10.0), !(dp > -999 && dp < 9999));
+  h.wind = orNaN(ws / 10.0 * kMsToMph, !(ws >= 0 && ws < windMissing));
+}
+
 RawFile readTmy2(const std::vector<std::string>& lines) {
   RawFile f;
   if (lines.empty()) return f;
@@ -179,14 +192,9 @@ RawFile readTmy2(const std::vector<std::string>& lines) {
     const double gh = field(l, 18, 4), dn = field(l, 24, 4), dh = field(l, 30, 4),
                  db = field(l, 68, 4), dp = field(l, 74, 4), rh = field(l, 80, 3),
                  p = field(l, 85, 4), ws = field(l, 96, 3);
-    h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
-    h.dn = orNaN(dn * kWhM2ToBtuFt2, !(dn >= 0 && dn < 9999));
-    h.dh = orNaN(dh * kWhM2ToBtuFt2, !(dh >= 0 && dh < 9999));
-    h.db = orNaN(cToF(db / 10.0), !(db > -999 && db < 9999));
-    h.dp = orNaN(cToF(dp / 10.0), !(dp > -999 && dp < 9999));
+    fixedWidthFields(h, gh, dn, dh, kWhM2ToBtuFt2, db, dp, ws, 999);
     h.rh = orNaN(rh / 100.0, !(rh >= 0 && rh <= 110));
     h.p = orNaN(p * 0.02953, !(p > 0 && p < 9999));
-    h.wind = orNaN(ws / 10.0 * kMsToMph, !(ws >= 0 && ws < 999));
     f.hours.push_back(h);
   }
   return f;
@@ -202,13 +210,8 @@ RawFile readWyec2(const std::vector<std::string>& lines) {
     const double gh = field(l, 19, 4), dn = field(l, 25, 4), dh = field(l, 31, 4),
                  p = field(l, 84, 5), db = field(l, 90, 4), dp = field(l, 95, 4),
                  ws = field(l, 104, 4);
-    h.gh = orNaN(gh * kKjM2ToBtuFt2, !(gh >= 0 && gh < 9999));
-    h.dn = orNaN(dn * kKjM2ToBtuFt2, !(dn >= 0 && dn < 9999));
-    h.dh = orNaN(dh * kKjM2ToBtuFt2, !(dh >= 0 && dh < 9999));
+    fixedWidthFields(h, gh, dn, dh, kKjM2ToBtuFt2, db, dp, ws, 9999);
     h.p = orNaN(p / 100.0 * 0.2953, !(p > 0 && p < 99999));
-    h.db = orNaN(cToF(db / 10.0), !(db > -999 && db < 9999));
-    h.dp = orNaN(cToF(dp / 10.0), !(dp > -999 && dp < 9999));
-    h.wind = orNaN(ws / 10.0 * kMsToMph, !(ws >= 0 && ws < 9999));
     f.hours.push_back(h);
   }
   return f;
