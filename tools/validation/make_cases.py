@@ -4,7 +4,8 @@ project files, with their control files.
 
 Time lag and decrement factor of each construction come from its layers by
 the periodic (24 h) transfer-matrix method of ISO 13786: the decrement factor
-is |Y12| / U and the time lag is the phase delay of Y12 in hours.
+is |Y12| / U and the time lag is the phase delay of Y12 in hours. The internal
+mass is the inner sides' areal heat capacity by the same method.
 
 usage: make_cases.py <output folder>
 """
@@ -65,8 +66,22 @@ def engine_construction_capacity(u_ip, lag):
     return min(10.0, 0.26 * u_ip * lag * lag)
 
 
-def capacity(layers):
-    return sum(l[0] * l[2] * l[3] for l in layers if l[0] != 'R')  # J/m2K
+# The room's capacity is what its constructions store over a day: the ISO 13786
+# areal heat capacity of each construction's inner side at the 24 h period, not
+# the layers' full capacity (a 100 mm concrete layer behind its surface stores
+# 78 % of its capacity in a daily cycle). It is taken at the inner surface: the
+# engine's network carries the inside film itself, between mass and room.
+R_SE = 1.0 / 25.0
+
+
+def areal_capacity(layers):
+    """Areal heat capacity of the inner side at the surface, J/m2K."""
+    r_si, r_se = 0.0, R_SE
+    z = resistance_matrix(r_se)
+    for layer in layers:
+        z = mul(resistance_matrix(layer[1]) if layer[0] == 'R' else layer_matrix(*layer), z)
+    z = mul(resistance_matrix(r_si), z)
+    return PERIOD / (2 * math.pi) * abs((z[1][1] - 1) / z[0][1])
 
 
 WALL_600 = [(0.009, 0.14, 530, 900), (0.066, 0.04, 12, 840), (0.012, 0.16, 950, 840)]
@@ -129,8 +144,8 @@ def sketch(height_ft, area_ft2):
 def case(heavy):
     wall_layers = WALL_900 if heavy else WALL_600
     floor_layers = FLOOR_900 if heavy else FLOOR_600
-    interior = (capacity(wall_layers[-1:]) * OPAQUE_WALLS + capacity(ROOF[-1:]) * FLOOR_M2 +
-                capacity(floor_layers) * FLOOR_M2) / 1e6 * MJK_TO_BTUF
+    interior = (areal_capacity(wall_layers) * OPAQUE_WALLS + areal_capacity(ROOF) * FLOOR_M2 +
+                areal_capacity(floor_layers) * FLOOR_M2) / 1e6 * MJK_TO_BTUF
     area_ft2 = FLOOR_M2 * M2_TO_FT2
     # The engine counts 1 Btu/ft2F of furnishings and, for every opaque row, a
     # capacity from the construction's U and lag; the rest is internal mass.
