@@ -355,7 +355,8 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
         s.coolCap = 1.15 * s.peakCoil;
       }
       s.heatCap = std::max(1.25 * s.peakHeatCoil, designHeatLoss(m, zm, s.lowerAtPeak, cpDesign, s.outsideAir));
-      s.cap47 = zm.coolType == 7 ? s.coolCap : 1.25 * s.peakHeatCoil;
+      // A heat pump zone that never cools has no cooling capacity to go by.
+      s.cap47 = zm.coolType == 7 && s.coolCap > 0 ? s.coolCap : 1.25 * s.peakHeatCoil;
       if (chilledWaterType(zm.coolType)) {
         res.plant.chilledWater = true;
         eerWeighted += s.plantEer * std::max(1.0, s.coolCap);
