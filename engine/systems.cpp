@@ -284,6 +284,8 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
   };
   bool anyEvaporative = false;
   for (const ZoneModel& z : m.zones) anyEvaporative = anyEvaporative || z.coolType == 9;
+  std::vector<Outdoor> outside(passive ? 0 : nh);
+  for (std::size_t i = 0; i < outside.size(); ++i) outside[i] = outdoor(loads.hours[i], anyEvaporative);
 
   // Sizing on the loads pass's peaks (design conditions at the site's pressure).
   std::vector<ZoneSize> sizes(nz);
@@ -324,7 +326,7 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
   double plantPeak = 0, boilerPeak = 0;
   if (!passive) {
     for (std::size_t i = 0; i < nh; ++i) {
-      const Outdoor o = outdoor(loads.hours[i], anyEvaporative);
+      const Outdoor& o = outside[i];
       double plant = 0, boiler = 0;
       for (std::size_t z = 0; z < nz; ++z) {
         const ZoneModel& zm = m.zones[z];
@@ -385,10 +387,17 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
   const auto [coldest, warmest] = std::minmax_element(monthlyMean.begin(), monthlyMean.end());
   const double spread = *warmest - *coldest;
 
+  // Hot water drawn by each zone at each hour of an occupied day, and at any hour of another day.
+  std::vector<std::array<double, 25>> drawn(nz);
+  for (std::size_t z = 0; z < nz; ++z) {
+    for (int h = 0; h < 24; ++h) drawn[z][h] = hotWaterGallons(m.zones[z], true, h);
+    drawn[z][24] = hotWaterGallons(m.zones[z], false, 0);
+  }
+
   // The year, hour by hour.
   for (std::size_t i = 0; i < nh; ++i) {
     const SimulatedHour& sh = loads.hours[i];
-    const Outdoor o = outdoor(sh, anyEvaporative && !passive);
+    const Outdoor o = passive ? Outdoor{} : outside[i];
     const double weight = sh.weight;
     const double mainsRise = kHotWaterF - mainsTemperature(annualMean, spread, sh.day);
     HourEnergy& e = res.energy[i];
@@ -405,7 +414,7 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
       zd.lightsKwhUndimmed += weight * r.lightsFullW / 1000.0;
       zd.equipmentKwh += weight * r.equipmentW / 1000.0;
 
-      const double gallons = hotWaterGallons(zm, sh.occupied, sh.hour - 1);
+      const double gallons = drawn[z][sh.occupied ? sh.hour - 1 : 24];
       if (gallons > 0) {
         const double heat = 8.33 * gallons * mainsRise;  // Btu
         if (zm.heatType == 1) e.waterGas += heat / s.gasEta / 1000.0;

@@ -2,12 +2,16 @@
 // lights in the loads pass.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <filesystem>
 #include <string>
 
 #include "common/file_io.h"
 #include "engine/calendar.h"
 #include "engine/control_file.h"
 #include "engine/daylight.h"
+#include "engine/engine_run.h"
 #include "engine/loads.h"
 #include "engine/model.h"
 #include "engine/run_log.h"
@@ -139,4 +143,22 @@ TEST(DaylitZone, DaylitShareOfTheFloor) {
   z.skylights = {400.0};
   z.skylightAreaTauVis = 280;
   EXPECT_DOUBLE_EQ(zoneDaylight(z, m, DaylightControls{}).share, 1.0);  // capped at the floor
+}
+
+// A daylighting file the engine cannot read stops the run like a bad run copy.
+TEST(DaylightFile, BadFileStopsTheRun) {
+  namespace fs = std::filesystem;
+  const fs::path dir = fs::temp_directory_path() / ("tarn64-daylight-" + std::to_string(::getpid()));
+  fs::create_directories(dir);
+  marloven::writeFileAtomic((dir / "ecalc$.inp").string(),
+                            marloven::readFile(std::string(TARN_FIXTURES) + "/bestest/case600.inp"));
+  marloven::writeFileAtomic((dir / "ecalc$.tmp").string(),
+                            "Run type  :  3\r\nWthr type :  0\r\n1st day   :  4 \r\nRun begin :  1\r\nRun end   :  365\r\n"
+                            "Hourly out:  0 \r\nSkip month: \r\nComfort   :  68       79 \r\n");
+  marloven::writeFileAtomic((dir / "ltshlf.dat").string(), shelfFile("HALF", ""));
+  EXPECT_EQ(runEngine(dir), ExitCode::BadInput);
+  EXPECT_FALSE(fs::exists(dir / "sim$.out"));
+  EXPECT_NE(marloven::readFile((dir / "tarn64.err").string()).find("ERROR ltshlf.dat line 4: dimming control \"HALF\""),
+            std::string::npos);
+  fs::remove_all(dir);
 }
