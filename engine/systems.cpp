@@ -183,6 +183,8 @@ CoilHour airSide(const ZoneModel& z, const ZoneSize& s, const ZoneHourRecord& r,
   const double minimumOa = ventOn ? s.outsideAir * r.ventFraction : 0.0;
   const double tc = coldDeckTemperature(type);
   const double fanHeatFull = s.fanKw * kBtuPerKwh;
+  // What the cooling equipment can give this hour: DX units lose capacity in the heat.
+  const double coolCap = type >= 5 && type <= 8 ? dxCapacity(s.coolCap, o.t) : s.coolCap;
   // Evaporative heating and the fans of small units cycle with the load;
   // constant-volume and VAV fans run while the Vent profile is on, and cycle
   // with the load when it is off (no outside air then).
@@ -198,10 +200,10 @@ CoilHour airSide(const ZoneModel& z, const ZoneSize& s, const ZoneHourRecord& r,
     const double oaLatent = o.latent * oaCfm * (o.w - r.humidityRatio);
     double runtime;
     if (load > 0) {
-      const double denom = s.coolCap - oaSensible - std::max(0.0, oaLatent) - fanHeatFull;
+      const double denom = coolCap - oaSensible - std::max(0.0, oaLatent) - fanHeatFull;
       runtime = denom > 0 ? std::min(1.0, (load + zoneLatent) / denom) : 1.0;
       c.cool = std::max(0.0, load + runtime * (oaSensible + fanHeatFull)) + std::max(0.0, zoneLatent + runtime * oaLatent);
-      c.unmet = c.cool > s.coolCap * (1.0 + 1e-9);
+      c.unmet = c.cool > coolCap * (1.0 + 1e-9);
     } else {
       const double denom = s.heatCap + oaSensible + fanHeatFull;
       runtime = denom > 0 ? std::min(1.0, -load / denom) : 1.0;
@@ -244,7 +246,7 @@ CoilHour airSide(const ZoneModel& z, const ZoneSize& s, const ZoneHourRecord& r,
   } else {
     c.heat = std::max(0.0, c.heat - fanHeat);
   }
-  if (!sizing) c.unmet = c.cool > s.coolCap * (1.0 + 1e-9) || c.heat > s.heatCap * (1.0 + 1e-9);
+  if (!sizing) c.unmet = c.cool > coolCap * (1.0 + 1e-9) || c.heat > s.heatCap * (1.0 + 1e-9);
   return c;
 }
 
@@ -439,10 +441,6 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
         plantLoad += c.cool;
       } else if (zm.coolType != 9) {
         e.cooling += dxCoolingKw(c.cool, s.coolCap, s.dxCop, o.t);
-        if (c.cool > dxCapacity(s.coolCap, o.t) * (1.0 + 1e-9) && !c.unmet) {
-          zd.unmetHours += weight;
-          unmet = true;
-        }
       }
       if (c.heat > 0) {
         if (s.heatPump) {
