@@ -74,6 +74,8 @@ struct ZoneDesign {
   double lightsKwh = 0;              // after daylight dimming, weighted
   double lightsKwhUndimmed = 0;      // what the profile asked for
   double equipmentKwh = 0;
+  double mixingLossKbtu = 0;         // reheat and hot-deck heat spent against cooling (types 1-3), weighted
+  double hotWaterGallons = 0;        // weighted
 };
 
 struct PlantDesign {
@@ -83,6 +85,7 @@ struct PlantDesign {
   int peakDay = 0, peakHour = 0; // of that load
   bool boiler = false;           // types 1-4 with gas heat
   double boilerCapacity = 0;     // Btu/h
+  double chillerEer = 0;         // Btu/Wh, capacity-weighted over the plant's zones
 };
 
 struct EnergyResult {

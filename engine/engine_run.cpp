@@ -12,9 +12,11 @@
 #include "common/text_lines.h"
 #include "engine/calendar.h"
 #include "engine/control_file.h"
+#include "engine/daylight.h"
 #include "engine/loads.h"
 #include "engine/model.h"
 #include "engine/report.h"
+#include "engine/systems.h"
 #include "engine/weather_readers.h"
 #include "project/project_model.h"
 #include "project/project_reader.h"
@@ -127,7 +129,10 @@ ExitCode runEngine(const fs::path& dir) {
     }
     const std::string tmp = readInput(dir / "ecalc$.tmp", "ecalc$.tmp", ExitCode::BadInput);
     const RunControl control = parseControl(tmp, log);
-    const SimModel model = buildModel(project, side.sketchLines, control, log);
+    SimModel model = buildModel(project, side.sketchLines, control, log);
+    const fs::path shelfFile = dir / "ltshlf.dat";
+    if (marloven::fileExists(shelfFile.string()))
+      model.daylight = readDaylightFile(readInput(shelfFile, "ltshlf.dat", ExitCode::BadInput), model.siReport);
     const Calendar calendar = buildCalendar(model.year, control, model.occupiedDays, model.holidayCount,
                                             model.weeksPerMonth, log);
     if (control.runType == 1) return finish(ExitCode::Ok);
@@ -147,6 +152,9 @@ ExitCode runEngine(const fs::path& dir) {
     const double low = si ? control.comfortLow * 1.8 + 32.0 : control.comfortLow;
     const double high = si ? control.comfortHigh * 1.8 + 32.0 : control.comfortHigh;
     const LoadsResult loads = runLoads(model, weather, calendar, control.runType == 4, low, high);
+    // The building's energy; the report sections that print it take it from here.
+    const EnergyResult energy = runSystems(model, loads, weather, control, log);
+    (void)energy;
 
     ReportContext ctx{model, control, calendar, weather, dateOfRun(), 1, &log};
     int page = lastPageOfFrontPart(dir) + 1;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/daylight.h"
 #include "engine/envelope.h"
 #include "engine/psychro.h"
 #include "engine/zone_balance.h"
@@ -68,6 +69,13 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
     for (auto& t : res.zones[z].temps.max) t = -1e9;
     for (auto& t : res.zones[z].temps.min) t = 1e9;
   }
+  std::vector<ZoneDaylight> daylight(nz);
+  for (std::size_t z = 0; z < nz; ++z) daylight[z] = zoneDaylight(m.zones[z], m, m.daylight);
+
+  std::size_t accumulatedDays = 0;
+  for (const RunDay& rd : cal.sequence) accumulatedDays += rd.accumulate ? 1 : 0;
+  res.hours.reserve(accumulatedDays * 24);
+  res.zoneHours.reserve(accumulatedDays * 24 * nz);
 
   for (const RunDay& rd : cal.sequence) {
     const DayInfo& day = cal.at(rd.day);
@@ -82,6 +90,11 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
       const double wOut = humidityRatioFromDewPoint(wh.dewPoint, wh.pressure);
       LoadRows heatHour, coolHour;
       bool anyHeat = false, anyCool = false;
+      if (rd.accumulate)
+        res.hours.push_back({rd.day, day.month, day.dayOfMonth, day.weekday, h + 1, day.occupied, weight});
+      // Outdoor illuminance of the hour for daylighting: diffuse and beam on the horizontal.
+      const double beamH = std::max(0.0, wh.globalH - wh.diffuseH);
+      const double globalIlluminance = kDiffuseEfficacy * wh.diffuseH + kBeamEfficacy * beamH;
 
       for (std::size_t z = 0; z < nz; ++z) {
         const ZoneModel& zm = m.zones[z];
@@ -93,9 +106,10 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         const double up = occ ? zm.upperOcc[h] : zm.upperUnocc[h];
 
         const double peopleSens = 250.0 * zm.people * fOcc, peopleLat = 200.0 * zm.people * fOcc;
-        const double lights = zm.lightsW * fLite * kBtuPerWh, equip = zm.equipmentW * fLite * kBtuPerWh;
-        double solar = 0, windowSky = 0;
-        for (const WindowClass& wc : zm.windows) {
+        const ZoneDaylight& dl = daylight[z];
+        double solar = 0, windowSky = 0, beamLight = 0;
+        for (std::size_t k = 0; k < zm.windows.size(); ++k) {
+          const WindowClass& wc = zm.windows[k];
           windowSky += wc.uaEmissivity * skyLongWave(thetaO, wh.skyIr, m.groups[wc.group].tilt, 1.0);
           const double ct = irr.at(irr.cosIncidence, wc.group, t);
           double beam = irr.at(irr.beam, wc.group, t);
@@ -114,11 +128,20 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           }
           // Beam lands on the floor; what it reflects joins the diffuse light, a
           // share of which leaves again through the glazing.
+          if (dl.on) beamLight += dl.beamPlane[k] * beam;
           const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky * skyFactor + gnd);
           solar += wc.areaShgc * attenuation *
                    (beamIn * (1.0 - zm.solarEscape * (1.0 - kInteriorAbsorptance)) + diffuseIn * (1.0 - zm.solarEscape));
         }
         windowSky /= exteriorFilm(wh.wind);
+        // The dimmed lights are what the zone gets as heat.
+        double dimming = 1.0;
+        if (dl.on) {
+          const double e = dl.diffuseH * wh.diffuseH + dl.globalH * globalIlluminance + dl.beamH * beamH + beamLight;
+          dimming = (1.0 - dl.share) + dl.share * powerFraction(m.daylight, e, dl.target);
+        }
+        const double lightsFullW = zm.lightsW * fLite;
+        const double lights = lightsFullW * dimming * kBtuPerWh, equip = zm.equipmentW * fLite * kBtuPerWh;
 
         double sumRoof = 0, sumWall = 0;
         for (const ZoneElement& e : zm.elements) (e.roof ? sumRoof : sumWall) += e.conductance * tEq[e.cls][t];
@@ -185,6 +208,17 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         }
 
         if (!rd.accumulate) continue;
+        ZoneHourRecord rec;
+        rec.sensible = static_cast<float>(-phi);
+        rec.latent = static_cast<float>(load > 0 ? lr.rows[kPeopleLatent] + lr.rows[kInfiltrationLatent] : 0.0);
+        rec.airTemp = static_cast<float>(r.thetaA);
+        rec.humidityRatio = static_cast<float>(st.w);
+        rec.lightsW = static_cast<float>(lightsFullW * dimming);
+        rec.lightsFullW = static_cast<float>(lightsFullW);
+        rec.equipmentW = static_cast<float>(zm.equipmentW * fLite);
+        rec.ventFraction = static_cast<float>(fVent);
+        rec.people = static_cast<float>(zm.people * fOcc);
+        res.zoneHours.push_back(rec);
         ZoneLoads& zl = res.zones[z];
         if (!passive && load < 0) {
           res.monthHeating[month].add(lr, weight);

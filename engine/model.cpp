@@ -233,7 +233,7 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     double stripArea = 0, hStripCount = 0;
     struct CoreRow { double area; int k; double dt; };
     std::vector<CoreRow> cores;
-    std::map<std::tuple<int, long, long, int, int, long, char>, int> windowIndex;
+    std::map<std::tuple<int, long, long, int, int, long, char, bool>, int> windowIndex;
     for (int r = 1; r <= zr.rowCount; ++r) {
       const marloven::EnvelopeRow& row = zr.rows[r];
       const std::string where = zoneWhere(z.id, r);
@@ -360,19 +360,34 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
         wc.shadeTau = std::clamp(static_cast<double>(row.diffuseTransmittance), 0.0, 1.0);
         const char s = row.surfaceCode.empty() ? 'B' : static_cast<char>(std::toupper(static_cast<unsigned char>(row.surfaceCode[0])));
         wc.season = (s == 'S' || s == 'W') ? s : 'B';
+        wc.skylight = roof;
         const auto key = std::make_tuple(gi, std::lround(wc.overhang * 1e4), std::lround(wc.gapHeight * 1e4),
                                          wc.blind, static_cast<int>(std::lround(wc.shadeTau * 1e4)),
-                                         std::lround(wc.height * 1e4), wc.season);
+                                         std::lround(wc.height * 1e4), wc.season, wc.skylight);
         auto it = windowIndex.find(key);
         const double uaEps = uWin * winArea * (emissivity > 0 && emissivity <= 1 ? emissivity : 0.84);
+        // A blank daylight transmittance: the SHGC, which clear glazing's exceeds.
+        double tauVis = leadingNumber(win->fields[5]);
+        if (tauVis <= 0 || tauVis > 1) tauVis = std::clamp(shgc, 0.0, 1.0);
+        if (roof) {
+          z.skylights.push_back(winArea);
+          z.skylightAreaTauVis += winArea * tauVis;
+        }
         if (it == windowIndex.end()) {
           wc.areaShgc = winArea * shgc;
           wc.uaEmissivity = uaEps;
+          wc.area = winArea;
+          wc.width = winArea / wc.height;
+          wc.areaTauVis = winArea * tauVis;
           windowIndex[key] = static_cast<int>(z.windows.size());
           z.windows.push_back(wc);
         } else {
-          z.windows[it->second].areaShgc += winArea * shgc;
-          z.windows[it->second].uaEmissivity += uaEps;
+          WindowClass& merged = z.windows[it->second];
+          merged.areaShgc += winArea * shgc;
+          merged.uaEmissivity += uaEps;
+          merged.area += winArea;
+          merged.width += winArea / wc.height;
+          merged.areaTauVis += winArea * tauVis;
         }
       }
     }
@@ -429,10 +444,49 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
 
     const marloven::OutsideAir oa = marloven::splitOutsideAir(zr.fields[marloven::kOutsideAir]);
     const double rate = std::max(0.0, leadingNumber(oa.number));
-    if (oa.kind == "CS") z.outsideAirCfm = rate * z.floorArea;
-    else if (oa.kind == "PA") {
-      if (rate > 0) log.warning(zoneWhere(z.id, 0), "outside air as a percent of supply air needs the systems pass; none is counted in the loads");
-    } else z.outsideAirCfm = rate * z.people;
+    z.oaRate = rate;
+    if (oa.kind == "CS") {
+      z.oaKind = ZoneModel::OutsideAirKind::PerArea;
+      z.outsideAirCfm = rate * z.floorArea;
+    } else if (oa.kind == "PA") {
+      // The design supply flow comes from sizing after the loads: the load
+      // table counts none of this air, the systems pass all of it.
+      z.oaKind = ZoneModel::OutsideAirKind::PercentOfSupply;
+      if (rate > 100) {
+        log.warning(zoneWhere(z.id, 0), "outside air above 100 % of the supply air; 100 % is used");
+        z.oaRate = 100;
+      }
+    } else {
+      z.outsideAirCfm = rate * z.people;
+    }
+
+    const std::string where = zoneWhere(z.id, 0);
+    const double coolField = leadingNumber(zr.fields[marloven::kCoolingType]);
+    z.coolType = static_cast<int>(coolField);
+    if (z.coolType < 1 || z.coolType > 9 || z.coolType != coolField) {
+      log.warning(where, "cooling type \"" + trimmed(zr.fields[marloven::kCoolingType]) + "\" is not 1 to 9; 5 (rooftop) is used");
+      z.coolType = 5;
+    }
+    const double heatField = leadingNumber(zr.fields[marloven::kHeatingType]);
+    z.heatType = static_cast<int>(heatField);
+    if (z.heatType < 1 || z.heatType > 3 || z.heatType != heatField) {
+      log.warning(where, "heating type \"" + trimmed(zr.fields[marloven::kHeatingType]) + "\" is not 1 to 3; 1 (gas) is used");
+      z.heatType = 1;
+    }
+    z.staticPressure = std::max(0.0, leadingNumber(zr.fields[marloven::kStaticPressure]));
+    z.seer = std::max(0.0, leadingNumber(zr.fields[marloven::kCoolingEfficiency]));
+    z.heatCop = std::max(0.0, leadingNumber(zr.fields[marloven::kHeatingEfficiency]));
+    const std::string econ = trimmed(zr.economizer);
+    z.economiser = !econ.empty() && (econ[0] == 'Y' || econ[0] == 'y');
+    z.hotWaterPerPerson = std::max(0.0, leadingNumber(zr.fields[marloven::kHotWaterPerPerson]));
+
+    z.daylight = marloven::isDaylightYes(zr.daylight);
+    z.daylightDepth = std::max(0.0, leadingNumber(zr.fields[marloven::kDaylitDepth]));
+    z.daylightTarget = std::max(0.0, leadingNumber(zr.fields[marloven::kTargetIlluminance]));
+    if (z.daylight && (z.daylightDepth <= 0 || z.daylightTarget <= 0)) {
+      log.warning(where, "daylighting needs a depth and a target above 0; the lights are not dimmed");
+      z.daylight = false;
+    }
 
     auto profile = [&](marloven::ProfileKind kind, int field, const char* what) {
       const marloven::Profile* pr = findProfile(p, kind, zr.fields[field]);
@@ -450,6 +504,9 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     Hourly vent = profile(marloven::ProfileKind::Vent, marloven::kVentProfile, "ventilation");
     for (double& v : vent) v = std::clamp(v, 0.0, 1.0);
     z.vent = vent;
+    if (z.hotWaterPerPerson > 0)
+      z.hotWater = fractionProfile(profile(marloven::ProfileKind::HW, marloven::kHotWaterProfile, "hot water"));
+    z.hotWaterBase = leastOf(z.hotWater);
     z.occBase = leastOf(z.occ);
     z.liteBase = leastOf(z.lite);
     z.ventBase = leastOf(z.vent);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/control_file.h"
+#include "engine/daylight.h"
 #include "engine/solar.h"
 #include "engine/weather.h"
 
@@ -58,6 +59,10 @@ struct WindowClass {
   int blind = 0;           // 0 none, 1 interior Venetian, 5 exterior
   double shadeTau = 0;     // diffusing shade transmittance, 0 = none
   char season = 'B';       // S, W or B
+  double area = 0;         // Σ glazing area, ft²
+  double width = 0;        // Σ window widths (area / height), ft
+  double areaTauVis = 0;   // Σ A·τ_visible, ft²
+  bool skylight = false;   // on a roof row
 };
 
 using Hourly = std::array<double, 24>;
@@ -81,6 +86,24 @@ struct ZoneModel {
   Hourly occ{}, vent{}, lite{};
   double occBase = 0, ventBase = 0, liteBase = 0;
   Hourly upperOcc{}, lowerOcc{}, upperUnocc{}, lowerUnocc{};
+
+  // HVAC system and service hot water (fields 7, 8, 9, 20, 21, 26-28, Econ.Cycle).
+  int coolType = 5;  // 1..9
+  int heatType = 1;  // 1 gas, 2 electric resistance, 3 heat pump
+  double staticPressure = 0;  // in. w.g., 0 = the type's default
+  double seer = 0, heatCop = 0;  // fields as typed (0 = the defaults of the systems pass)
+  bool economiser = false;
+  enum class OutsideAirKind { PerPerson, PerArea, PercentOfSupply } oaKind = OutsideAirKind::PerPerson;
+  double oaRate = 0;  // cfm/person, cfm/ft² or percent of the design supply flow
+  double hotWaterPerPerson = 0;  // gallons/day
+  Hourly hotWater{};  // HW profile of an occupied day (fractions)
+  double hotWaterBase = 0;
+
+  // Daylighting.
+  bool daylight = false;
+  double daylightDepth = 0, daylightTarget = 0;  // ft, fc
+  std::vector<double> skylights;   // area of each skylight row, ft²
+  double skylightAreaTauVis = 0;   // Σ A·τ_visible of the skylights
 };
 
 struct SimModel {
@@ -92,6 +115,10 @@ struct SimModel {
   int weeksPerMonth = 4;
   double occupiedDays = 5, holidayCount = 0;
   std::array<double, 4> designTemps{};  // 1 summer DB, 2 summer WB, 3 winter DB
+  double winterDesignDryBulb() const { return designTemps[3]; }
+  double summerDesignDryBulb() const { return designTemps[1]; }
+  double summerDesignWetBulb() const { return designTemps[2]; }
+  DaylightControls daylight;  // from ltshlf.dat when present
   std::string projectName, location, description, designStage, scheme, buildingType;
   std::vector<OrientationGroup> groups;
   std::vector<ExteriorClass> classes;
