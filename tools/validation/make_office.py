@@ -45,25 +45,26 @@ def row(wall_id, area, orient, exposure, slope, window=0.0):
             'Grnd Refl  .2 ']
 
 
-def zone(number, name, area, rows):
+def zone(number, name, area, rows, daylight=False):
     people = area / 200.0
     lines = ['Zone No.  %d' % number, 'Zone Name ' + name, 'Flr. Area ' + num(area, 2).strip(), 'Int. Mass 2',
              'No.People ' + num(people, 2).strip(), 'Occ. Prof 1', 'HW/person 1', 'HW.  Prof 1', 'OA CFM    CP20',
              'Vent Prof 1', 'Lite Type 1', 'Cost/sqft 2', 'Watt/sqft 1', 'EquipLoad .75', 'Lite Prof 1',
              'S-Occ.    1', 'W-Occ.    2', 'S-Unocc.  3', 'W-Unocc.  4', 'Cool.Type 5', 'Heat.Type 1', 'Nat. Vent No',
-             'CFM/sqft. 0', 'Inf. Rate .3', 'Daylight  No', 'DL Depth  0', 'Target FC 0', 'Econ.CycleYes',
+             'CFM/sqft. 0', 'Inf. Rate .3', 'Daylight  ' + ('Yes' if daylight else 'No'),
+             'DL Depth  ' + ('15' if daylight else '0'), 'Target FC ' + ('50' if daylight else '0'), 'Econ.CycleYes',
              'Stat.Pres 0', 'Cool SEER 13', 'Heat COP  80', '1st Cost  3000', 'Maint Cost100']
     for r in rows:
         lines += row(*r)
     return lines + ['9999']
 
 
-def sketch():
+def sketch(two_zones=False):
     lines = ['Grid Size   : 1.5', 'Orientation : 0', 'No. of Flrs : 1', 'Room Height : 10', 'Floor Area  : 5400',
              'Section Area: 5400']
-    names = ['South', 'East', 'North', 'West', 'Core']
+    names = ['South', 'Core'] if two_zones else ['South', 'East', 'North', 'West', 'Core']
     for z in range(1, 26):
-        lines.append('ZoneName[%d%s]: %s' % (z, ' ' if z < 10 else '', names[z - 1] if z <= 5 else 'Zone 1-%d' % z))
+        lines.append('ZoneName[%d%s]: %s' % (z, ' ' if z < 10 else '', names[z - 1] if z <= len(names) else 'Zone 1-%d' % z))
     for r in range(60, 0, -1):
         cells = ''
         for c in range(1, 81):
@@ -72,6 +73,8 @@ def sketch():
                 cells += '0'
             elif r <= 10:
                 cells += '1'
+            elif two_zones:
+                cells += '2'
             elif r > 30:
                 cells += '3'
             elif c > 50:
@@ -84,7 +87,7 @@ def sketch():
     return lines
 
 
-def office(climate):
+def office(climate, two_zones=False):
     key, location, station, wmo, lat, lon, tz, elev, design = climate
     lines = ['MARLOVEN  .31415926  4  IP', 'Bld. Type Office OF', 'Proj.Name Small office ' + key,
              'Proj.Desc One storey, four perimeter zones and a core', 'Location  ' + location, 'Dsgn. Stg Check',
@@ -113,6 +116,12 @@ def office(climate):
              'PROFILES', 'Occ', '1', profile(OCC), '99', 'HW', '1', profile(HW), '99', 'Vent', '1', profile(VENT), '99',
              'Lite', '1', profile(LITE), '99', 'Temp', '1', profile(COOL_OCC), '2', profile(HEAT_OCC), '3',
              profile([85] * 24), '4', profile([60] * 24), '99', 'ZONES']
+    if two_zones:
+        # The check of the whole chain: a daylit south perimeter and the rest as one core.
+        lines += zone(11, 'South', 1350, [(1, 900, 180, 2, 90, 180), (2, 1350, 0, 6, 0)], daylight=True)
+        lines += zone(12, 'Core', 4050, [(1, 900, 0, 2, 90, 180), (1, 600, 90, 2, 90, 120),
+                                         (1, 600, 270, 2, 90, 120), (2, 4050, 0, 6, 0)])
+        return '\r\n'.join(lines + ['BUILDING MATRIX'] + sketch(True)) + '\r\n'
     # Façades 10 ft high, 20 % glazed; N and S zones hold the 15 ft end walls of the corners.
     lines += zone(11, 'South', 1350, [(1, 900, 180, 2, 90, 180), (1, 150, 90, 2, 90, 30), (1, 150, 270, 2, 90, 30),
                                       (2, 1350, 0, 6, 0)])
@@ -137,6 +146,8 @@ def main():
     for c in CLIMATES:
         with open(os.path.join(out, 'office_%s.inp' % c[0]), 'w', newline='', encoding='latin-1') as f:
             f.write(office(c))
+    with open(os.path.join(out, 'office_two_zones.inp'), 'w', newline='', encoding='latin-1') as f:
+        f.write(office(CLIMATES[1], two_zones=True))
     with open(os.path.join(out, 'year.tmp'), 'w', newline='', encoding='latin-1') as f:
         f.write(control())
 
