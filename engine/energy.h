@@ -11,6 +11,8 @@
 
 namespace tarn {
 
+inline constexpr double kBtuPerKwh = 3412.0;
+
 // One simulated hour of the run (warm-up excluded), in calendar order.
 struct SimulatedHour {
   int day = 1;        // day of year

@@ -91,6 +91,11 @@ std::vector<double> roundParts(const std::vector<double>& parts, int decimals) {
   const double scale = std::pow(10.0, decimals);
   double total = 0;
   for (double v : parts) total += v;
+  return roundPartsTo(parts, decimals, static_cast<double>(std::llround(total * scale)) / scale);
+}
+
+std::vector<double> roundPartsTo(const std::vector<double>& parts, int decimals, double total) {
+  const double scale = std::pow(10.0, decimals);
   const long long target = std::llround(total * scale);
   std::vector<long long> units(parts.size());
   std::vector<double> remainder(parts.size());
@@ -116,16 +121,18 @@ std::vector<double> roundParts(const std::vector<double>& parts, int decimals) {
   }
   std::vector<double> out(parts.size() + 1);
   for (std::size_t i = 0; i < parts.size(); ++i) out[i] = static_cast<double>(units[i]) / scale;
-  out.back() = static_cast<double>(target) / scale;
+  out.back() = static_cast<double>(target - diff) / scale;
   return out;
 }
 
-std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, int& page) {
+namespace {
+
+// Section III, page 1 up to the empty line after DATE OF PEAK.
+void loadTable(ColumnPrinter& p, const ReportContext& c, const LoadsResult& loads, int& page) {
   const bool si = c.model.siReport;
   const bool passive = c.control.runType == 4;
   const double rateUnit = si ? 0.29307107e-3 : 1e-3;  // Btu/h -> kW or kBtu/h
   const double energyUnit = si ? 1.05505585e-6 : 1e-6;  // Btu -> GJ or MBtu
-  ColumnPrinter p;
   sectionOpening(p, c, page, "III.  M O N T H L Y   S U M M A R I E S   A N D   A N N U A L   L O A D S");
   if (passive) p.line("    PASSIVE RUN: NO HEATING OR COOLING. SEE SECTION IX.");
   else
@@ -181,7 +188,17 @@ std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, int& p
   p.text("TIME OF PEAK").tab(30).text(timeText(loads.peakHeating)).tab(46).text(timeText(loads.peakCooling)).endLine();
   p.text("DATE OF PEAK").tab(30).text(dateText(loads.peakHeating)).text(dateText(loads.peakCooling)).endLine();
   p.endLine();
+}
 
+}  // namespace
+
+std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, int& page) {
+  const bool si = c.model.siReport;
+  const bool passive = c.control.runType == 4;
+  const double rateUnit = si ? 0.29307107e-3 : 1e-3;  // Btu/h -> kW or kBtu/h
+  const double energyUnit = si ? 1.05505585e-6 : 1e-6;  // Btu -> GJ or MBtu
+  ColumnPrinter p;
+  loadTable(p, c, loads, page);
   // Monthly loads of the building (indented: no reader anchor).
   p.text("    MONTHLY BUILDING LOADS").endLine();
   p.text("          HEATING     COOLING    PEAK HEATING  PEAK COOLING").endLine();
@@ -198,6 +215,558 @@ std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, int& p
         .tab(48).text(numberField(passive ? 0.0 : loads.monthPeakCooling[mo - 1] * rateUnit, 12, 1, c.log)).endLine();
   }
   p.text("    YEAR").tab(8).text(numberField(heatR.back(), 10, 1, c.log)).tab(20).text(numberField(coolR.back(), 10, 1, c.log)).endLine();
+  return p.take();
+}
+
+namespace {
+
+// Display units: I-P as computed, SI converted when printed.
+struct Units {
+  bool si = false;
+  double rate(double btuh) const { return btuh * (si ? 0.29307107e-3 : 1e-3); }  // kBtu/h | kW
+  double rateKbtuh(double kbtuh) const { return si ? kbtuh * 0.29307107 : kbtuh; }
+  double energy(double mbtu) const { return si ? mbtu * 1.05505585 : mbtu; }      // MBtu | GJ
+  double gas(double therms) const { return si ? therms * 0.105505585 : therms; }   // therms | GJ
+  double water(double gallons) const { return si ? gallons * 0.00378541178 : gallons / 1000.0; }  // kgal | m³
+  double area(double ft2) const { return si ? ft2 / 10.76391 : ft2; }
+  double flow(double cfm) const { return si ? cfm * 0.47194745 : cfm; }           // cfm | L/s
+  double capacity(double btuh) const { return si ? btuh * 0.29307107e-3 : btuh / 12000.0; }  // tons | kW
+  double perArea(double kbtuPerFt2) const { return si ? kbtuPerFt2 * 11.35653 : kbtuPerFt2; }  // kBtu/ft² | MJ/m²
+  double kwhToEnergy() const { return si ? 0.0036 : kBtuPerKwh * 1e-6; }           // kWh -> GJ | MBtu
+  const char* rateName() const { return si ? "KW" : "KBTU/H"; }
+  const char* energyName() const { return si ? "GJ" : "MBTU"; }
+};
+
+const char* const kCoolingTexts[10] = {"", "V.A.V. SYSTEM", "DBL.DUCT SYSTEM", "MLT.ZONE SYSTEM", "FAN COIL UNITS",
+                                       "ROOF TOP SGL.ZONE", "DX SPLIT SYSTEM", "DX HEAT PUMP", "DX WINDOW RES.",
+                                       "EVAP. COOLER"};
+const char* const kHeatingTexts[4] = {"", "GAS", "ELEC. RES.", "HEAT PUMP"};
+
+// A number field that starts at `col`; when a label already runs into it the
+// field keeps its right end and narrows.
+void field(ColumnPrinter& p, int col, int width, double value, int decimals, RunLog* log) {
+  if (p.column() > col) {
+    width = col + width - p.column();
+    col = p.column();
+  }
+  p.tab(col).text(numberField(value, width, decimals, log));
+}
+
+// Heading text right-aligned to end at column `end`.
+void headEnding(ColumnPrinter& p, int end, const std::string& text) {
+  p.tab(end - static_cast<int>(text.size()) + 1).text(text);
+}
+
+std::string longDate(const Calendar& cal, int day) {
+  const DayInfo& d = cal.at(day);
+  const std::string dom = d.dayOfMonth < 10 ? " " + std::to_string(d.dayOfMonth) : std::to_string(d.dayOfMonth);
+  return std::string(kMixedWeekdays[d.weekday - 1]) + " " + kMixedMonths[d.month - 1] + " " + dom + ", " +
+         std::to_string(cal.year);
+}
+
+// A fixed-decimal number without the field's blanks.
+std::string plain(double v, int decimals) {
+  const std::string s = numberField(v, 40, decimals);
+  return s.substr(s.find_first_not_of(' '));
+}
+
+std::string hourSpan(int hour) { return two(hour - 1) + ":00-" + two(hour) + ":00"; }
+
+// A price as the note prints it: ".080", more decimals only when it has them.
+std::string priceText(double v) {
+  char buf[64];
+  const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, 3);
+  std::string s(buf, r.ptr);
+  if (std::fabs(std::round(v * 1000.0) / 1000.0 - v) > 1e-12) s = marloven::bare(v);
+  if (s.rfind("0.", 0) == 0) s.erase(0, 1);
+  return s;
+}
+
+// The monthly columns of section III page 2 and of the utility bills, rounded
+// once so that both print the same numbers, each column adding up to its total
+// and each row's electricity and total costs adding up from its printed parts.
+struct PrintedMonths {
+  std::vector<int> months;  // 1..12 in report order
+  std::vector<double> heating, coolKwh, fanKwh, lightsEquipKwh, totalKwh, water, gasUse;
+  std::vector<double> energyCharge, demandCharge, gasCost, waterCost;  // whole dollars
+  std::vector<double> peakHeat, peakCool, peakKw;                      // no totals: maxima at the back
+  double elecCost(std::size_t i) const { return energyCharge[i] + demandCharge[i]; }
+  double totalCost(std::size_t i) const { return elecCost(i) + gasCost[i] + waterCost[i]; }
+};
+
+PrintedMonths printedMonths(const ReportContext& c, const LoadsResult& loads, const EnergyResult& e,
+                            const CostResult& k, const Units& u) {
+  const bool passive = c.control.runType == 4;
+  PrintedMonths pm;
+  std::vector<double> heat, cool, fan, le, tot, water, gas, energy, demand, gasCost, waterCost;
+  double maxHeat = 0, maxCool = 0, maxKw = 0;
+  for (int mo = c.calendar.firstMonth; mo <= c.calendar.lastMonth; ++mo) {
+    const MonthEnergy& me = e.months[mo - 1];
+    const MonthBill& b = k.months[mo - 1];
+    pm.months.push_back(mo);
+    heat.push_back(u.energy(monthSiteEnergy(me)[kSpaceHeating]));
+    cool.push_back(me.coolingKwh);
+    fan.push_back(me.fansKwh);
+    le.push_back(me.lightsKwh + me.equipmentKwh);
+    tot.push_back(me.totalKwh());
+    water.push_back(u.water(me.waterGallons));
+    gas.push_back(u.gas(b.therms));
+    energy.push_back(b.energyCharge);
+    demand.push_back(b.demandCharge);
+    gasCost.push_back(b.gasCost);
+    waterCost.push_back(b.waterCost);
+    const double ph = passive ? 0.0 : u.rate(std::fabs(loads.monthPeakHeating[mo - 1]));
+    const double pc = passive ? 0.0 : u.rate(std::max(0.0, loads.monthPeakCooling[mo - 1]));
+    pm.peakHeat.push_back(ph);
+    pm.peakCool.push_back(pc);
+    pm.peakKw.push_back(me.peakKw);
+    maxHeat = std::max(maxHeat, ph), maxCool = std::max(maxCool, pc), maxKw = std::max(maxKw, me.peakKw);
+  }
+  pm.peakHeat.push_back(maxHeat);
+  pm.peakCool.push_back(maxCool);
+  pm.peakKw.push_back(maxKw);
+  pm.heating = roundParts(heat, 1);
+  pm.coolKwh = roundParts(cool, 0);
+  pm.fanKwh = roundParts(fan, 0);
+  pm.lightsEquipKwh = roundParts(le, 0);
+  pm.totalKwh = roundParts(tot, 0);
+  pm.water = roundParts(water, 1);
+  pm.gasUse = roundParts(gas, 1);
+  pm.energyCharge = roundParts(energy, 0);
+  pm.demandCharge = roundParts(demand, 0);
+  pm.gasCost = roundParts(gasCost, 0);
+  pm.waterCost = roundParts(waterCost, 0);
+  return pm;
+}
+
+// The six end uses as printed on the Site line, and their printed total. Space
+// heating is the monthly table's heating total and space cooling its cooling
+// kWh total at 3412 Btu/kWh, so the two tables agree to the last digit.
+struct PrintedSite {
+  std::array<double, kEndUses> parts{};
+  double total = 0;
+};
+
+PrintedSite printedSite(const PrintedMonths& pm, const CostResult& k, const Units& u) {
+  PrintedSite s;
+  s.parts[kSpaceHeating] = pm.heating.back();
+  s.parts[kSpaceCooling] = std::round(pm.coolKwh.back() * u.kwhToEnergy() * 10.0) / 10.0;
+  double exact = 0;
+  for (double v : k.site.mbtu) exact += u.energy(v);
+  const std::vector<double> free = {u.energy(k.site.mbtu[kWaterHeating]), u.energy(k.site.mbtu[kFanMotors]),
+                                    u.energy(k.site.mbtu[kLighting]), u.energy(k.site.mbtu[kEquipment])};
+  const double target = std::round((exact - s.parts[kSpaceHeating] - s.parts[kSpaceCooling]) * 10.0) / 10.0;
+  const std::vector<double> r = roundPartsTo(free, 1, target);
+  s.parts[kWaterHeating] = r[0], s.parts[kFanMotors] = r[1], s.parts[kLighting] = r[2], s.parts[kEquipment] = r[3];
+  long long tenths = 0;
+  for (double v : s.parts) tenths += std::llround(v * 10.0);
+  s.total = static_cast<double>(tenths) / 10.0;
+  return s;
+}
+
+void siteBlock(ColumnPrinter& p, const ReportContext& c, const PrintedMonths& pm, const CostResult& k, const Units& u) {
+  const PrintedSite s = printedSite(pm, k, u);
+  p.line("    ANNUAL SITE ENERGY BY END USE");
+  p.line("                   SPACE     WATER     SPACE       FAN   LIGHT-     EQUIP-");
+  p.line("                 HEATING   HEATING   COOLING    MOTORS      ING       MENT");
+  p.text(u.si ? "Site (GJ)" : "Site (MBTU)");
+  field(p, 18, 7, s.parts[kSpaceHeating], 1, c.log);
+  field(p, 27, 8, s.parts[kWaterHeating], 1, c.log);
+  field(p, 38, 7, s.parts[kSpaceCooling], 1, c.log);
+  field(p, 48, 7, s.parts[kFanMotors], 1, c.log);
+  field(p, 57, 7, s.parts[kLighting], 1, c.log);
+  field(p, 68, 7, s.parts[kEquipment], 1, c.log);
+  p.tab(78).text("ELECTRICITY");
+  field(p, 90, 9, pm.totalKwh.back(), 0, c.log);
+  p.tab(100).text("KWH   GAS");
+  field(p, 110, 8, pm.gasUse.back(), 1, c.log);
+  p.tab(119).text(u.si ? "GJ" : "THERMS").endLine();
+  // Source energy per unit of gross floor area: kBtu/ft², or MJ/m².
+  const double euf = u.si ? k.site.useFactor * 11.35653 : k.site.useFactor;
+  p.text("    SOURCE FACTORS: ELECTRICITY 3.340, GAS 1.047").tab(60)
+      .text(u.si ? "TOTAL SITE ENERGY (GJ) =" : "TOTAL SITE ENERGY (MBTU) =");
+  field(p, 89, 7, s.total, 1, c.log);
+  p.tab(96).text("  EUF = ");
+  field(p, 104, 7, euf, 1, c.log);
+  p.tab(111).text(u.si ? " MJ/SQ.M. (SOURCE)" : " KBTU/SQ.FT. (SOURCE)").endLine();
+}
+
+void monthlyTable(ColumnPrinter& p, const ReportContext& c, const PrintedMonths& pm, const CostResult& k,
+                  const Units& u, int& page) {
+  pageStart(p, page);
+  projectHeader(p, c);
+  p.endLine();
+  p.line("    MONTHLY ENERGY USE AND COSTS  (SECTION III CONTINUED)");
+  p.endLine();
+  p.line("MON    SPACE     PEAK      PEAK COOLING     FANS  LIGHTS+    TOTAL   PEAK  WATER    GAS   WATER   DEMAND     ELEC    TOTAL       GAS");
+  p.line("     HEATING  HEATING   COOLING   ELEC.            EQUIP.    ELEC. DEMAND    USE   COST    COST   CHARGE     COST     COST       USE");
+  if (u.si)
+    p.line("       (GJ)      (KW)      (KW)   (KWH)    (KWH)    (KWH)    (KWH)   (KW)   (M3)    ($)     ($)      ($)      ($)      ($)      (GJ)");
+  else
+    p.line("     (MBTU)  (KBTU/H)  (KBTU/H)   (KWH)    (KWH)    (KWH)    (KWH)   (KW) (KGAL)    ($)     ($)      ($)      ($)      ($)  (THERMS)");
+  p.text("--- ").text(std::string(128, '-')).endLine();
+  p.endLine();
+  for (std::size_t i = 0; i < pm.months.size(); ++i) {
+    p.text(kMonths[pm.months[i] - 1]);
+    field(p, 4, 8, pm.heating[i], 1, c.log);
+    field(p, 12, 9, pm.peakHeat[i], 1, c.log);
+    field(p, 21, 10, pm.peakCool[i], 1, c.log);
+    field(p, 31, 9, pm.coolKwh[i], 0, c.log);
+    field(p, 40, 9, pm.fanKwh[i], 0, c.log);
+    field(p, 49, 9, pm.lightsEquipKwh[i], 0, c.log);
+    field(p, 58, 9, pm.totalKwh[i], 0, c.log);
+    field(p, 67, 7, pm.peakKw[i], 1, c.log);
+    field(p, 74, 6, pm.water[i], 1, c.log);
+    field(p, 80, 8, pm.gasCost[i], 0, c.log);
+    field(p, 88, 8, pm.waterCost[i], 0, c.log);
+    field(p, 96, 9, pm.demandCharge[i], 0, c.log);
+    field(p, 105, 9, pm.elecCost(i), 0, c.log);
+    field(p, 114, 9, pm.totalCost(i), 0, c.log);
+    field(p, 123, 10, pm.gasUse[i], 1, c.log);
+    p.endLine();
+  }
+  const std::size_t t = pm.months.size();
+  p.line(std::string(132, '='));
+  p.text("TOT");
+  field(p, 4, 8, pm.heating[t], 1, c.log);
+  field(p, 12, 9, pm.peakHeat[t], 1, c.log);
+  field(p, 21, 10, pm.peakCool[t], 1, c.log);
+  field(p, 31, 9, pm.coolKwh[t], 0, c.log);
+  field(p, 40, 9, pm.fanKwh[t], 0, c.log);
+  field(p, 49, 9, pm.lightsEquipKwh[t], 0, c.log);
+  field(p, 58, 9, pm.totalKwh[t], 0, c.log);
+  field(p, 67, 7, pm.peakKw[t], 1, c.log);
+  field(p, 74, 6, pm.water[t], 1, c.log);
+  field(p, 123, 10, pm.gasUse[t], 1, c.log);
+  p.endLine();
+  p.text("ANNUAL COSTS ($)");
+  field(p, 80, 8, pm.gasCost[t], 0, c.log);
+  field(p, 88, 8, pm.waterCost[t], 0, c.log);
+  field(p, 96, 9, pm.demandCharge[t], 0, c.log);
+  field(p, 105, 9, pm.elecCost(t), 0, c.log);
+  field(p, 114, 9, pm.totalCost(t), 0, c.log);
+  p.endLine();
+  p.text("    ON THE TOT LINE THE PEAK COLUMNS ARE ANNUAL MAXIMA.  ELEC COST = KWH x ").text(priceText(k.elecCost))
+      .text(" $/KWH + DEMAND CHARGE.").endLine();
+}
+
+void hvacDesign(ColumnPrinter& p, const ReportContext& c, const EnergyResult& e, const Units& u, int& page) {
+  const bool passive = c.control.runType == 4, abbreviated = c.control.runType == 2;
+  sectionOpening(p, c, page, "IV.  H V A C   D E S I G N   D A T A");
+  const std::string tu = u.si ? " C" : " F";
+  p.text("    DESIGN CONDITIONS: SUMMER").text(numberField(toTemp(c.model.designTemps[1], u.si), 6, 1)).text(tu + " DB /")
+      .text(numberField(toTemp(c.model.designTemps[2], u.si), 6, 1)).text(tu + " WB, WINTER")
+      .text(numberField(toTemp(c.model.designTemps[3], u.si), 6, 1)).text(tu + " DB.  SIZING FACTORS 1.15 COOLING, 1.25 HEATING.")
+      .endLine();
+  if (passive) p.line("    PASSIVE RUN: NO HEATING, COOLING OR MECHANICAL VENTILATION.");
+  p.endLine();
+  const std::string rate = std::string("(") + u.rateName() + ")";
+  p.tab(5).text("ZONE").tab(10).text("NAME").tab(31).text("SYSTEM").tab(49).text("SPACE");
+  headEnding(p, 67, "HEATING"), headEnding(p, 76, "CLG SENS"), headEnding(p, 85, "COIL TOT"), headEnding(p, 94, "SUPPLY");
+  headEnding(p, 102, "OUT AIR"), headEnding(p, 109, "FAN"), headEnding(p, 117, "CLG CAP"), headEnding(p, 126, "HTG CAP");
+  headEnding(p, 132, "UNMET");
+  p.endLine();
+  p.tab(49).text("HEAT");
+  headEnding(p, 67, rate), headEnding(p, 76, rate), headEnding(p, 85, rate);
+  headEnding(p, 94, u.si ? "(L/S)" : "(CFM)"), headEnding(p, 102, u.si ? "(L/S)" : "(CFM)"), headEnding(p, 109, "(KW)");
+  headEnding(p, 117, u.si ? "(KW)" : "(TONS)"), headEnding(p, 126, rate), headEnding(p, 132, "HOURS");
+  p.endLine();
+  const std::string rule = "    " + std::string(128, '-');
+  p.line(rule);
+  auto values = [&](const ZoneDesign& d) {
+    field(p, 60, 8, u.rate(d.designHeating), 1, c.log);
+    field(p, 69, 8, u.rate(d.designCoolingSensible), 1, c.log);
+    field(p, 78, 8, u.rate(d.designCoolingTotal), 1, c.log);
+    field(p, 87, 8, u.flow(d.supplyCfm), 0, c.log);
+    field(p, 96, 7, u.flow(d.outsideAirCfm), 0, c.log);
+    field(p, 104, 6, d.fanKw, 2, c.log);
+    field(p, 111, 7, u.capacity(d.coolingCapacity), 2, c.log);
+    field(p, 119, 8, u.rate(d.heatingCapacity), 1, c.log);
+    field(p, 128, 5, d.unmetHours, 0, c.log);
+    p.endLine();
+  };
+  ZoneDesign sum;
+  for (std::size_t z = 0; z < e.zones.size() && z < c.model.zones.size(); ++z) {
+    const ZoneDesign& src = e.zones[z];
+    ZoneDesign d = passive ? ZoneDesign{} : src;
+    sum.designHeating += d.designHeating, sum.designCoolingSensible += d.designCoolingSensible;
+    sum.designCoolingTotal += d.designCoolingTotal, sum.supplyCfm += d.supplyCfm, sum.outsideAirCfm += d.outsideAirCfm;
+    sum.fanKw += d.fanKw, sum.coolingCapacity += d.coolingCapacity, sum.heatingCapacity += d.heatingCapacity;
+    sum.unmetHours += d.unmetHours;
+    if (abbreviated) continue;
+    const int ct = std::clamp(src.coolType, 1, 9), ht = std::clamp(src.heatType, 1, 3);
+    p.tab(5).text(cut(c.model.zones[z].id, 4)).tab(10).text(cut(c.model.zones[z].name, 20)).tab(31)
+        .text(passive ? "NONE (PASSIVE)" : kCoolingTexts[ct]).tab(49).text(passive ? "NONE" : src.heatPump ? "HEAT PUMP" : kHeatingTexts[ht]);
+    values(d);
+  }
+  p.line(rule);
+  p.text("    BUILDING");
+  values(sum);
+  p.endLine();
+  const PlantDesign& pl = e.plant;
+  if (pl.chilledWater && !passive) {
+    p.text("    CHILLED WATER PLANT (TYPES 1-4): CAPACITY").text(numberField(u.capacity(pl.chillerCapacity), 9, 2, c.log))
+        .text(u.si ? " KW" : " TONS").text(", COINCIDENT PEAK").text(numberField(u.rate(pl.coincidentPeak), 9, 1, c.log))
+        .text(" ").text(u.rateName());
+    if (pl.peakDay > 0) p.text(" ON ").text(longDate(c.calendar, pl.peakDay)).text(", ").text(hourSpan(pl.peakHour));
+    p.endLine();
+  } else {
+    p.line("    CHILLED WATER PLANT (TYPES 1-4): NONE");
+  }
+  if (pl.boiler && !passive)
+    p.text("    BOILER (TYPES 1-4, GAS): CAPACITY").text(numberField(u.rate(pl.boilerCapacity), 9, 1, c.log)).text(" ")
+        .text(u.rateName()).endLine();
+  else
+    p.line("    BOILER (TYPES 1-4, GAS): NONE");
+  p.text("    UNMET HOURS:").text(numberField(passive ? 0.0 : e.unmetHours, 7, 0, c.log))
+      .text(" (EVAPORATIVE COOLING SHORT OF THE SET-POINT)").endLine();
+}
+
+void peakProfiles(ColumnPrinter& p, const ReportContext& c, const EnergyResult& e, const Units& u, int& page) {
+  sectionOpening(p, c, page, "V.  P E A K   D E M A N D   P R O F I L E S");
+  // Where each simulated day's hours start in the record.
+  std::vector<int> dayStart(static_cast<std::size_t>(c.calendar.yearDays) + 2, -1);
+  for (std::size_t i = 0; i < e.hours.size(); ++i) {
+    const int d = e.hours[i].day;
+    if (d >= 1 && d < static_cast<int>(dayStart.size()) && dayStart[d] < 0) dayStart[d] = static_cast<int>(i);
+  }
+  auto hourOf = [&](int day, int hour) -> const HourEnergy* {
+    if (day < 1 || day >= static_cast<int>(dayStart.size()) || dayStart[day] < 0) return nullptr;
+    for (std::size_t i = static_cast<std::size_t>(dayStart[day]); i < e.hours.size() && e.hours[i].day == day; ++i)
+      if (e.hours[i].hour == hour && i < e.energy.size()) return &e.energy[i];
+    return nullptr;
+  };
+  auto shown = [&](int m) { return m + 1 >= c.calendar.firstMonth && m + 1 <= c.calendar.lastMonth && e.months[m].peakDay > 0; };
+
+  p.line("    ELECTRIC DEMAND (KW) ON THE PEAK DAY OF EACH MONTH");
+  p.endLine();
+  p.tab(5).text("HOUR");
+  for (int m = 0; m < 12; ++m) headEnding(p, 17 + 8 * m, kMonths[m]);
+  p.endLine();
+  std::string rule = "    ----";
+  for (int m = 0; m < 12; ++m) rule += " -------";
+  p.line(rule);
+  for (int h = 1; h <= 24; ++h) {
+    p.text(rightIn(std::to_string(h), 8));
+    for (int m = 0; m < 12; ++m) {
+      if (!shown(m)) continue;
+      const HourEnergy* he = hourOf(e.months[m].peakDay, h);
+      field(p, 10 + 8 * m, 8, he ? he->totalElec() : 0.0, 1, c.log);
+    }
+    p.endLine();
+  }
+  p.line(rule);
+  auto summary = [&](const char* label, auto value, int decimals) {
+    p.text(label);
+    for (int m = 0; m < 12; ++m)
+      if (shown(m)) field(p, 10 + 8 * m, 8, value(e.months[m]), decimals, c.log);
+    p.endLine();
+  };
+  summary("    PEAK KW", [](const MonthEnergy& me) { return me.peakKw; }, 1);
+  summary("    PEAK DAY", [&](const MonthEnergy& me) { return static_cast<double>(c.calendar.at(me.peakDay).dayOfMonth); }, 0);
+  summary("    PEAK HOUR", [](const MonthEnergy& me) { return static_cast<double>(me.peakHour); }, 0);
+  if (c.control.runType == 2) return;
+
+  int best = -1;
+  for (int m = 0; m < 12; ++m)
+    if (shown(m) && (best < 0 || e.months[m].peakKw > e.months[best].peakKw)) best = m;
+  if (best < 0) return;
+  const int day = e.months[best].peakDay;
+  p.endLine();
+  p.text("    BUILDING PEAK DAY ").text(longDate(c.calendar, day)).text(": DEMAND BY END USE (KW) AND GAS (")
+      .text(u.si ? "KW" : "KBTU/H").text(")").endLine();
+  p.tab(5).text("HOUR");
+  const char* const heads[8] = {"LIGHTS", "EQUIP", "FANS", "COOLING", "HEAT EL", "DHW EL", "TOTAL", "GAS"};
+  for (int k = 0; k < 8; ++k) headEnding(p, 18 + 9 * k, heads[k]);
+  p.endLine();
+  std::string dayRule = "    ----";
+  for (int k = 0; k < 8; ++k) dayRule += " " + std::string(8, '-');
+  p.line(dayRule);
+  for (int h = 1; h <= 24; ++h) {
+    const HourEnergy* he = hourOf(day, h);
+    const HourEnergy v = he ? *he : HourEnergy{};
+    const double cols[8] = {v.lights, v.equipment, v.fans, v.cooling, v.heatingElec, v.waterHeatElec, v.totalElec(),
+                            u.rateKbtuh(v.gas())};
+    p.text(rightIn(std::to_string(h), 8));
+    for (int k = 0; k < 8; ++k) field(p, 10 + 9 * k, 9, cols[k], 2, c.log);
+    p.endLine();
+  }
+  p.line(dayRule);
+}
+
+void zoneEnergy(ColumnPrinter& p, const ReportContext& c, const LoadsResult& loads, const EnergyResult& e,
+                const Units& u, int& page) {
+  const bool passive = c.control.runType == 4;
+  sectionOpening(p, c, page, "VI.  Z O N E   L O A D S   A N D   E N E R G Y");
+  const std::string rate = std::string("(") + u.rateName() + ")", energy = std::string("(") + u.energyName() + ")";
+  p.tab(5).text("ZONE").tab(10).text("NAME");
+  headEnding(p, 39, "FLOOR AREA"), headEnding(p, 48, "HEATING"), headEnding(p, 57, "COOLING"), headEnding(p, 66, "PEAK HTG");
+  headEnding(p, 75, "PEAK CLG"), headEnding(p, 85, "LIGHTING"), headEnding(p, 95, "EQUIPMENT"), headEnding(p, 102, "DL SAV");
+  headEnding(p, 111, "HTG/AREA"), headEnding(p, 120, "CLG/AREA"), headEnding(p, 126, "UNMET");
+  p.endLine();
+  headEnding(p, 39, u.si ? "(SQ.M.)" : "(SQ.FT.)"), headEnding(p, 48, energy), headEnding(p, 57, energy);
+  headEnding(p, 66, rate), headEnding(p, 75, rate), headEnding(p, 85, "(KWH)"), headEnding(p, 95, "(KWH)");
+  headEnding(p, 102, "(%)"), headEnding(p, 111, u.si ? "MJ/SQ.M." : "KBTU/SF"), headEnding(p, 120, u.si ? "MJ/SQ.M." : "KBTU/SF");
+  headEnding(p, 126, "HOURS");
+  p.endLine();
+  const std::string rule = "    " + std::string(122, '-');
+  p.line(rule);
+  struct Row { double area = 0, heat = 0, cool = 0, peakHeat = 0, peakCool = 0, lights = 0, undimmed = 0, equip = 0, unmet = 0; };
+  auto values = [&](const Row& r) {
+    field(p, 31, 9, u.area(r.area), 1, c.log);
+    field(p, 41, 8, u.energy(r.heat * 1e-6), 1, c.log);
+    field(p, 50, 8, u.energy(r.cool * 1e-6), 1, c.log);
+    field(p, 59, 8, u.rate(r.peakHeat), 1, c.log);
+    field(p, 68, 8, u.rate(r.peakCool), 1, c.log);
+    field(p, 77, 9, r.lights, 0, c.log);
+    field(p, 87, 9, r.equip, 0, c.log);
+    field(p, 97, 6, r.undimmed > 0 ? 100.0 * (r.undimmed - r.lights) / r.undimmed : 0.0, 1, c.log);
+    field(p, 104, 8, u.perArea(r.area > 0 ? r.heat * 1e-3 / r.area : 0.0), 1, c.log);
+    field(p, 113, 8, u.perArea(r.area > 0 ? r.cool * 1e-3 / r.area : 0.0), 1, c.log);
+    field(p, 122, 5, r.unmet, 0, c.log);
+    p.endLine();
+  };
+  Row sum;
+  for (std::size_t z = 0; z < c.model.zones.size() && z < loads.zones.size(); ++z) {
+    const ZoneLoads& zl = loads.zones[z];
+    const ZoneDesign d = z < e.zones.size() ? e.zones[z] : ZoneDesign{};
+    Row r;
+    r.area = c.model.zones[z].floorArea;
+    if (!passive) {
+      r.heat = std::fabs(zl.heating), r.cool = std::max(0.0, zl.cooling);
+      r.peakHeat = std::fabs(zl.peakHeating), r.peakCool = std::max(0.0, zl.peakCooling);
+      r.unmet = d.unmetHours;
+    }
+    r.lights = d.lightsKwh, r.undimmed = d.lightsKwhUndimmed, r.equip = d.equipmentKwh;
+    sum.area += r.area, sum.heat += r.heat, sum.cool += r.cool, sum.peakHeat += r.peakHeat, sum.peakCool += r.peakCool;
+    sum.lights += r.lights, sum.undimmed += r.undimmed, sum.equip += r.equip, sum.unmet += r.unmet;
+    if (c.control.runType == 2) continue;
+    p.tab(5).text(cut(c.model.zones[z].id, 4)).tab(10).text(cut(c.model.zones[z].name, 20));
+    values(r);
+  }
+  p.line(rule);
+  p.text("    BUILDING");
+  values(sum);
+  p.line("    PEAKS OF THE BUILDING LINE ARE SUMS OF THE ZONE PEAKS (NON-COINCIDENT).");
+}
+
+void costAnalysis(ColumnPrinter& p, const ReportContext& c, const PrintedMonths& pm, const CostResult& k,
+                  const Units& u, int& page) {
+  sectionOpening(p, c, page, "VII.  C O S T   A N A L Y S I S");
+  // (a) Utility bills, the same printed numbers as the monthly table.
+  p.line("    MONTHLY UTILITY BILLS");
+  headEnding(p, 18, "ELECTRIC"), headEnding(p, 27, "PEAK"), headEnding(p, 37, "ENERGY"), headEnding(p, 47, "DEMAND");
+  headEnding(p, 57, "ELECTRIC"), headEnding(p, 67, "GAS USE"), headEnding(p, 77, "GAS"), headEnding(p, 86, "WATER");
+  headEnding(p, 95, "WATER"), headEnding(p, 106, "TOTAL");
+  p.endLine();
+  p.tab(5).text("MON");
+  headEnding(p, 18, "(KWH)"), headEnding(p, 27, "(KW)"), headEnding(p, 37, "($)"), headEnding(p, 47, "($)");
+  headEnding(p, 57, "($)"), headEnding(p, 67, u.si ? "(GJ)" : "(THERMS)"), headEnding(p, 77, "($)");
+  headEnding(p, 86, u.si ? "(M3)" : "(KGAL)"), headEnding(p, 95, "($)"), headEnding(p, 106, "($)");
+  p.endLine();
+  const std::string rule = "    " + std::string(103, '-');
+  p.line(rule);
+  auto bill = [&](std::size_t i) {
+    field(p, 9, 10, pm.totalKwh[i], 0, c.log);
+    field(p, 20, 8, pm.peakKw[i], 1, c.log);
+    field(p, 29, 9, pm.energyCharge[i], 0, c.log);
+    field(p, 39, 9, pm.demandCharge[i], 0, c.log);
+    field(p, 49, 9, pm.elecCost(i), 0, c.log);
+    field(p, 59, 9, pm.gasUse[i], 1, c.log);
+    field(p, 69, 9, pm.gasCost[i], 0, c.log);
+    field(p, 79, 8, pm.water[i], 1, c.log);
+    field(p, 88, 8, pm.waterCost[i], 0, c.log);
+    field(p, 97, 10, pm.totalCost(i), 0, c.log);
+    p.endLine();
+  };
+  for (std::size_t i = 0; i < pm.months.size(); ++i) {
+    p.tab(5).text(kMonths[pm.months[i] - 1]);
+    bill(i);
+  }
+  p.line(rule);
+  p.text("    TOTAL");
+  bill(pm.months.size());
+  p.endLine();
+
+  // (b) The demand charge schedule as priced.
+  p.line("    ELECTRIC DEMAND CHARGE");
+  if (k.demand.empty()) {
+    p.line("        NONE");
+  } else {
+    double upTo = 0;
+    auto money = [](double v) { return "$" + plain(v, 2); };
+    for (std::size_t i = 0; i < k.demand.size(); ++i) {
+      p.text(i == 0 ? "        FIRST " : "        NEXT ").text(marloven::bare(k.demand[i].kw)).text(" KW AT ")
+          .text(money(k.demand[i].rate)).text("/KW").endLine();
+      upTo += k.demand[i].kw;
+    }
+    p.text("        ABOVE ").text(marloven::bare(upTo)).text(" KW AT ").text(money(k.demand.back().rate)).text("/KW").endLine();
+  }
+  p.endLine();
+
+  // (c) First costs.
+  p.line("    FIRST COSTS");
+  const std::vector<double> first = roundParts({k.first.construction, k.first.opaqueInsulation, k.first.windows,
+                                                k.first.lighting, k.first.hvac}, 0);
+  const std::string hvac =
+      "HVAC (" + plain(u.capacity(k.first.tons * 12000.0), 2) + (u.si ? " KW COOLING)" : " TONS)");
+  const std::string firstLabels[6] = {"CONSTRUCTION", "OPAQUE INSULATION", "WINDOWS", "LIGHTING", hvac, "TOTAL"};
+  for (int i = 0; i < 6; ++i) {
+    p.tab(9).text(firstLabels[i]);
+    field(p, 60, 12, first[i], 0, c.log);
+    p.endLine();
+  }
+  p.endLine();
+
+  // (d) Life-cycle cost.
+  p.text("    LIFE-CYCLE COST OVER ").text(std::to_string(k.economicLife)).text(" YEARS, DISCOUNT RATE ")
+      .text(plain(k.discountRate, 3)).endLine();
+  headEnding(p, 56, "ANNUAL OR"), headEnding(p, 63, "ESCA-"), headEnding(p, 72, "PV"), headEnding(p, 85, "PRESENT");
+  p.endLine();
+  headEnding(p, 56, "FIRST COST ($)"), headEnding(p, 63, "LATION"), headEnding(p, 72, "FACTOR"), headEnding(p, 85, "VALUE ($)");
+  p.endLine();
+  const char* const lccLabels[kLccItems] = {"FIRST COSTS", "ELECTRICITY", "GAS", "WATER", "HVAC MAINTENANCE",
+                                            "HVAC REPLACEMENT", "RESIDUAL VALUE"};
+  std::vector<double> pv;
+  for (const LccRow& r : k.lcc) pv.push_back(r.presentValue);
+  const std::vector<double> pvR = roundParts(pv, 0);
+  for (int i = 0; i < kLccItems; ++i) {
+    const LccRow& r = k.lcc[i];
+    p.tab(9).text(lccLabels[i]);
+    field(p, 45, 12, r.amount, 0, c.log);
+    if (i != kLccFirst) field(p, 58, 6, r.escalation, 3, c.log);
+    field(p, 65, 8, r.factor, 3, c.log);
+    field(p, 74, 12, pvR[i], 0, c.log);
+    p.endLine();
+  }
+  p.tab(9).text("TOTAL LIFE-CYCLE COST");
+  field(p, 74, 12, pvR.back(), 0, c.log);
+  p.endLine();
+  p.text(u.si ? "    PER SQ.M. OF FLOOR AREA" : "    PER SQ.FT. OF FLOOR AREA");
+  field(p, 74, 12, u.si ? k.lifeCycleCostPerArea * 10.76391 : k.lifeCycleCostPerArea, 2, c.log);
+  p.endLine();
+  if (k.annualScale != 1.0)
+    p.text("    ANNUAL COSTS SCALED FROM").text(numberField(k.periodDays, 7, 1)).text(" DAYS TO 365 DAYS.").endLine();
+  if (k.replacements > 0)
+    p.text("    HVAC REPLACED ").text(std::to_string(k.replacements)).text(" TIME(S); RESIDUAL VALUE STRAIGHT LINE AT YEAR ")
+        .text(std::to_string(k.economicLife)).text(".").endLine();
+  p.text("    SOLAR SYSTEM LIFE ").text(marloven::bare(k.solarLife)).text(" YEARS: NOT USED").endLine();
+}
+
+}  // namespace
+
+std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, const EnergyResult& energy,
+                        const CostResult& costs, int& page) {
+  const Units u{c.model.siReport};
+  ColumnPrinter p;
+  loadTable(p, c, loads, page);
+  const PrintedMonths pm = printedMonths(c, loads, energy, costs, u);
+  siteBlock(p, c, pm, costs, u);
+  monthlyTable(p, c, pm, costs, u, page);
+  hvacDesign(p, c, energy, u, page);
+  peakProfiles(p, c, energy, u, page);
+  zoneEnergy(p, c, loads, energy, u, page);
+  costAnalysis(p, c, pm, costs, u, page);
   return p.take();
 }
 

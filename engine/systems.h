@@ -14,7 +14,6 @@
 
 namespace tarn {
 
-inline constexpr double kBtuPerKwh = 3412.0;
 inline constexpr double kHotDeckF = 105.0;
 inline constexpr double kEconomiserHighLimitF = 75.0;
 inline constexpr double kHotWaterF = 120.0;
