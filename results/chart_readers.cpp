@@ -28,9 +28,7 @@ class OutputWalk {
 
   OutputUnits units() {
     readUntil(4, "WEATHER");
-    const std::string* line = nullptr;
-    for (int i = 0; i < 13; ++i) line = &lines_.next();
-    return columnsHold(*line, 12, "SQ.M.") ? OutputUnits::SI : OutputUnits::IP;
+    return columnsHold(skip(13), 12, "SQ.M.") ? OutputUnits::SI : OutputUnits::IP;
   }
 
   // Reads lines until one holds the anchor at the column; 62 at the end.
@@ -43,6 +41,7 @@ class OutputWalk {
 
   const std::string& next() { return lines_.next(); }
 
+  // Reads count lines and gives the last.
   const std::string& skip(int count) {
     for (int i = 1; i < count; ++i) lines_.next();
     return lines_.next();
