@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <iostream>
+#include <optional>
 #include <system_error>
 
 #include "common/file_error.h"
@@ -13,6 +14,8 @@
 #include "engine/calendar.h"
 #include "engine/control_file.h"
 #include "engine/daylight.h"
+#include "engine/economics.h"
+#include "engine/hourly_files.h"
 #include "engine/loads.h"
 #include "engine/model.h"
 #include "engine/report.h"
@@ -83,6 +86,49 @@ std::string logText(const RunLog& log) {
 
 }  // namespace
 
+std::optional<Simulation> simulate(const fs::path& dir, RunLog& log) {
+  const std::string inp = readInput(dir / "ecalc$.inp", "ecalc$.inp", ExitCode::BadInput);
+  auto sim = std::make_optional<Simulation>();
+  Simulation& r = *sim;
+  marloven::ReadSideFiles side;
+  try {
+    side = marloven::readProject(inp, r.project);
+  } catch (const marloven::FileError& e) {
+    const std::size_t lines = marloven::splitLines(inp).size();
+    const std::string what = e.number() == marloven::err::kInputPastEnd
+                                 ? "the run copy ends early, after line " + std::to_string(lines)
+                                 : "the run copy breaks the line scheme: " + marloven::errorMessage(e.number()) +
+                                       (e.detail().empty() ? std::string() : " at \"" + e.detail() + "\"");
+    throw RunFailure(ExitCode::BadInput, "ecalc$.inp", what);
+  }
+  r.control = parseControl(readInput(dir / "ecalc$.tmp", "ecalc$.tmp", ExitCode::BadInput), log);
+  r.model = buildModel(r.project, side.sketchLines, r.control, log);
+  const fs::path shelfFile = dir / "ltshlf.dat";
+  if (marloven::fileExists(shelfFile.string()))
+    r.model.daylight = readDaylightFile(readInput(shelfFile, "ltshlf.dat", ExitCode::BadInput), r.model.siReport);
+  r.calendar = buildCalendar(r.model.year, r.control, r.model.occupiedDays, r.model.holidayCount, r.model.weeksPerMonth, log);
+  if (r.control.runType == 1) return std::nullopt;
+
+  if (r.control.weatherFormat == 0) {
+    r.weather = synthesize(r.model.stats, r.model.site, r.model.seed, r.model.year);
+  } else {
+    const fs::path tmy = dir / "ecalc$.tmy";
+    if (!marloven::fileExists(tmy.string()))
+      throw RunFailure(ExitCode::BadWeather, "ecalc$.tmy", "the recorded weather file is missing");
+    const std::string bytes = readInput(tmy, "ecalc$.tmy", ExitCode::BadWeather);
+    r.weather = readRecorded(bytes, static_cast<WeatherFormat>(r.control.weatherFormat), r.model.year, r.model.site, log);
+  }
+
+  const bool si = r.model.siReport;
+  const double low = si ? r.control.comfortLow * 1.8 + 32.0 : r.control.comfortLow;
+  const double high = si ? r.control.comfortHigh * 1.8 + 32.0 : r.control.comfortHigh;
+  const bool passive = r.control.runType == 4;
+  r.loads = runLoads(r.model, r.weather, r.calendar, passive, low, high);
+  r.energy = runSystems(r.model, r.loads, r.weather, r.control, log);
+  r.costs = computeCosts(economicsInputs(r.project), r.energy, passive);
+  return sim;
+}
+
 ExitCode runEngine(const fs::path& dir) {
   const auto started = std::chrono::steady_clock::now();
   RunLog log;
@@ -114,57 +160,32 @@ ExitCode runEngine(const fs::path& dir) {
   removeOutputs(dir);
 
   try {
-    const std::string inp = readInput(dir / "ecalc$.inp", "ecalc$.inp", ExitCode::BadInput);
-    marloven::Project project;
-    marloven::ReadSideFiles side;
-    try {
-      side = marloven::readProject(inp, project);
-    } catch (const marloven::FileError& e) {
-      const std::size_t lines = marloven::splitLines(inp).size();
-      const std::string what = e.number() == marloven::err::kInputPastEnd
-                                   ? "the run copy ends early, after line " + std::to_string(lines)
-                                   : "the run copy breaks the line scheme: " + marloven::errorMessage(e.number()) +
-                                         (e.detail().empty() ? std::string() : " at \"" + e.detail() + "\"");
-      throw RunFailure(ExitCode::BadInput, "ecalc$.inp", what);
-    }
-    const std::string tmp = readInput(dir / "ecalc$.tmp", "ecalc$.tmp", ExitCode::BadInput);
-    const RunControl control = parseControl(tmp, log);
-    SimModel model = buildModel(project, side.sketchLines, control, log);
-    const fs::path shelfFile = dir / "ltshlf.dat";
-    if (marloven::fileExists(shelfFile.string()))
-      model.daylight = readDaylightFile(readInput(shelfFile, "ltshlf.dat", ExitCode::BadInput), model.siReport);
-    const Calendar calendar = buildCalendar(model.year, control, model.occupiedDays, model.holidayCount,
-                                            model.weeksPerMonth, log);
-    if (control.runType == 1) return finish(ExitCode::Ok);
+    const std::optional<Simulation> sim = simulate(dir, log);
+    if (!sim) return finish(ExitCode::Ok);  // a check run writes no results
+    const RunControl& control = sim->control;
+    const SimModel& model = sim->model;
+    const WeatherYear& weather = sim->weather;
+    const LoadsResult& loads = sim->loads;
+    const EnergyResult& energy = sim->energy;
 
-    WeatherYear weather;
-    if (control.weatherFormat == 0) {
-      weather = synthesize(model.stats, model.site, model.seed, model.year);
-    } else {
-      const fs::path tmy = dir / "ecalc$.tmy";
-      if (!marloven::fileExists(tmy.string()))
-        throw RunFailure(ExitCode::BadWeather, "ecalc$.tmy", "the recorded weather file is missing");
-      const std::string bytes = readInput(tmy, "ecalc$.tmy", ExitCode::BadWeather);
-      weather = readRecorded(bytes, static_cast<WeatherFormat>(control.weatherFormat), model.year, model.site, log);
-    }
-
-    const bool si = model.siReport;
-    const double low = si ? control.comfortLow * 1.8 + 32.0 : control.comfortLow;
-    const double high = si ? control.comfortHigh * 1.8 + 32.0 : control.comfortHigh;
-    const LoadsResult loads = runLoads(model, weather, calendar, control.runType == 4, low, high);
-    // The building's energy; the report sections that print it take it from here.
-    const EnergyResult energy = runSystems(model, loads, weather, control, log);
-    (void)energy;
-
-    ReportContext ctx{model, control, calendar, weather, dateOfRun(), 1, &log};
+    ReportContext ctx{model, control, sim->calendar, weather, dateOfRun(), 1, &log};
     int page = lastPageOfFrontPart(dir) + 1;
-    const std::string simOut = writeSimOut(ctx, loads, page);
+    const std::string simOut = writeSimOut(ctx, loads, energy, sim->costs, page);
     const std::string wth = writeWeatherSummary(ctx, page);
     const std::string flt = writeComfort(ctx, loads, page);
+    std::string hourlyEnergy, hourlyTemperatures, hourlyWeather;
+    if (control.hourlyOut) {
+      hourlyEnergy = hourlyEnergyFile(model, weather, energy);
+      hourlyTemperatures = hourlyTemperatureFile(model, weather, loads);
+      hourlyWeather = hourlyWeatherFile(model, weather, loads.hours);
+    }
 
     // Parts first, then renamed so that sim$.out, renamed last, implies the rest.
     try {
-      const std::pair<const char*, const std::string*> files[] = {{"ecalc$.flt", &flt}, {"ecalc$.wth", &wth}, {"sim$.out", &simOut}};
+      std::vector<std::pair<const char*, const std::string*>> files;
+      if (control.hourlyOut)
+        files = {{"ecalc$.hry", &hourlyEnergy}, {"etemp$.hry", &hourlyTemperatures}, {"eweth$.hry", &hourlyWeather}};
+      files.insert(files.end(), {{"ecalc$.flt", &flt}, {"ecalc$.wth", &wth}, {"sim$.out", &simOut}});
       for (const auto& [name, text] : files) marloven::writeFileAtomic((dir / (std::string(name) + ".part")).string(), *text);
       for (const auto& [name, text] : files) fs::rename(dir / (std::string(name) + ".part"), dir / name);
     } catch (const std::exception& e) {

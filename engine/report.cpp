@@ -192,32 +192,6 @@ void loadTable(ColumnPrinter& p, const ReportContext& c, const LoadsResult& load
 
 }  // namespace
 
-std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, int& page) {
-  const bool si = c.model.siReport;
-  const bool passive = c.control.runType == 4;
-  const double rateUnit = si ? 0.29307107e-3 : 1e-3;  // Btu/h -> kW or kBtu/h
-  const double energyUnit = si ? 1.05505585e-6 : 1e-6;  // Btu -> GJ or MBtu
-  ColumnPrinter p;
-  loadTable(p, c, loads, page);
-  // Monthly loads of the building (indented: no reader anchor).
-  p.text("    MONTHLY BUILDING LOADS").endLine();
-  p.text("          HEATING     COOLING    PEAK HEATING  PEAK COOLING").endLine();
-  p.text("     ").text(si ? "       GJ          GJ              KW            KW" : "     MBTU        MBTU          KBTU/H        KBTU/H").endLine();
-  std::vector<double> heat, cool;
-  for (int mo = c.calendar.firstMonth; mo <= c.calendar.lastMonth; ++mo) {
-    heat.push_back(passive ? 0.0 : loads.monthHeating[mo - 1].total * energyUnit);
-    cool.push_back(passive ? 0.0 : loads.monthCooling[mo - 1].total * energyUnit);
-  }
-  const std::vector<double> heatR = roundParts(heat, 1), coolR = roundParts(cool, 1);
-  for (int mo = c.calendar.firstMonth, i = 0; mo <= c.calendar.lastMonth; ++mo, ++i) {
-    p.text("    ").text(kMonths[mo - 1]).tab(8).text(numberField(heatR[i], 10, 1, c.log)).tab(20)
-        .text(numberField(coolR[i], 10, 1, c.log)).tab(34).text(numberField(passive ? 0.0 : loads.monthPeakHeating[mo - 1] * rateUnit, 12, 1, c.log))
-        .tab(48).text(numberField(passive ? 0.0 : loads.monthPeakCooling[mo - 1] * rateUnit, 12, 1, c.log)).endLine();
-  }
-  p.text("    YEAR").tab(8).text(numberField(heatR.back(), 10, 1, c.log)).tab(20).text(numberField(coolR.back(), 10, 1, c.log)).endLine();
-  return p.take();
-}
-
 namespace {
 
 // Display units: I-P as computed, SI converted when printed.

@@ -42,8 +42,6 @@ struct ReportContext {
   RunLog* log = nullptr;
 };
 
-// Section III of a loads-only run: the load table and a monthly building-load block.
-std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, int& page);
 // Sections III to VII.
 std::string writeSimOut(const ReportContext& c, const LoadsResult& loads, const EnergyResult& energy,
                         const CostResult& costs, int& page);
