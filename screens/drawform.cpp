@@ -532,6 +532,7 @@ void DrawForm::printOn(QPaintDevice& device) {
 
 void DrawForm::printForm() {
   QPrinter printer;
+  printer.setPageOrientation(width() >= height() ? QPageLayout::Landscape : QPageLayout::Portrait);
   QPrintDialog d(&printer, this);
   if (d.exec() != QDialog::Accepted) return;
   printOn(printer);
