@@ -2,8 +2,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QBuffer>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDir>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -13,19 +16,25 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <cmath>
+#include <cstring>
+#include <numeric>
 
 #include "common/file_error.h"
+#include "common/file_io.h"
 #include "screens/controlpanel.h"
 #include "screens/loadform.h"
 #include "screens/saveform.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
 #include "shell/error_report.h"
+#include "sketch/sketch_copies.h"
 
 namespace marloven::screens {
 
@@ -58,35 +67,92 @@ SketchCanvas::SketchCanvas(SketchEditor& editor, QWidget* parent) : QWidget(pare
   }
 }
 
-QSize SketchCanvas::sizeHint() const { return {editor_.raster().width(), editor_.raster().height()}; }
+namespace {
 
-QRectF SketchCanvas::target() const {
-  // The whole raster, its proportions kept, centred.
-  const double iw = editor_.raster().width(), ih = editor_.raster().height();
-  const double k = std::min(width() / iw, height() / ih);
-  const double w = iw * k, h = ih * k;
-  return {(width() - w) / 2, (height() - h) / 2, w, h};
+constexpr int kCanvasMargin = 4;  // logical pixels around the picture
+
+int floorDiv(long long a, long long b) { return static_cast<int>(a >= 0 ? a / b : -((-a + b - 1) / b)); }
+
+}  // namespace
+
+int CanvasFit::rasterX(int deviceX) const { return floorDiv(static_cast<long long>(deviceX - left) * den, num); }
+int CanvasFit::rasterY(int deviceY) const { return floorDiv(static_cast<long long>(deviceY - top) * den, num); }
+
+CanvasFit fitCanvas(QSize device, QSize raster, int margin) {
+  CanvasFit f;
+  const int w = std::max(1, device.width() - 2 * margin), h = std::max(1, device.height() - 2 * margin);
+  const int tenths = std::max(1, std::min(10 * w / raster.width(), 10 * h / raster.height()));
+  const int common = std::gcd(tenths, 10);
+  f.num = tenths / common;
+  f.den = 10 / common;
+  // Device pixels d with rasterX(d) inside the raster.
+  f.width = static_cast<int>((static_cast<long long>(raster.width()) * f.num + f.den - 1) / f.den);
+  f.height = static_cast<int>((static_cast<long long>(raster.height()) * f.num + f.den - 1) / f.den);
+  f.left = (device.width() - f.width) / 2;
+  f.top = (device.height() - f.height) / 2;
+  return f;
+}
+
+QSize SketchCanvas::sizeHint() const {
+  return {editor_.raster().width() + 2 * kCanvasMargin, editor_.raster().height() + 2 * kCanvasMargin};
+}
+
+CanvasFit SketchCanvas::fit() const {
+  const double dpr = devicePixelRatioF();
+  const QSize device(static_cast<int>(width() * dpr), static_cast<int>(height() * dpr));
+  const Raster& r = editor_.raster();
+  return fitCanvas(device, {r.width(), r.height()}, static_cast<int>(kCanvasMargin * dpr + 0.5));
 }
 
 QPointF SketchCanvas::toWidget(double x, double y) const {
   const Raster& r = editor_.raster();
-  const QRectF t = target();
-  const double k = t.width() / r.width();
-  return {t.left() + (x - kScaleLeft) * r.pixelsPerUnit() * k, t.top() + (kScaleTop - y) * r.pixelsPerUnit() * k};
+  const CanvasFit f = fit();
+  const double dpr = devicePixelRatioF();
+  const double k = r.pixelsPerUnit() * f.num / f.den;  // device pixels per unit
+  return {(f.left + (x - kScaleLeft) * k) / dpr, (f.top + (kScaleTop - y) * k) / dpr};
 }
 
 QPointF SketchCanvas::toUser(const QPointF& p) const {
   const Raster& r = editor_.raster();
-  const QRectF t = target();
-  const double k = t.width() / r.width();
-  return {r.toUserX((p.x() - t.left()) / k), r.toUserY((p.y() - t.top()) / k)};
+  const CanvasFit f = fit();
+  const double dpr = devicePixelRatioF();
+  // Whole device pixels go through the same integer rule as the painting, so
+  // what is under the pointer is what the editor reads there.
+  const double dx = p.x() * dpr, dy = p.y() * dpr;
+  const double fx = std::floor(dx), fy = std::floor(dy);
+  const double rx = f.rasterX(static_cast<int>(fx)) + (dx - fx) * f.den / f.num;
+  const double ry = f.rasterY(static_cast<int>(fy)) + (dy - fy) * f.den / f.num;
+  return {r.toUserX(rx), r.toUserY(ry)};
 }
 
 void SketchCanvas::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.fillRect(rect(), palette().window());
-  p.setRenderHint(QPainter::SmoothPixmapTransform, false);
-  p.drawImage(target(), rasterImage(editor_.raster()));
+  const Raster& r = editor_.raster();
+  const CanvasFit f = fit();
+  // Each device pixel takes the raster pixel the mouse mapping gives it.
+  QImage img(f.width, f.height, QImage::Format_RGB32);
+  std::vector<int> column(static_cast<std::size_t>(f.width));
+  for (int x = 0; x < f.width; ++x) column[x] = std::min(r.width() - 1, f.rasterX(f.left + x));
+  const std::vector<Colour>& px = r.pixels();
+  int lastRow = -1;
+  for (int y = 0; y < f.height; ++y) {
+    const int row = std::min(r.height() - 1, f.rasterY(f.top + y));
+    auto* line = reinterpret_cast<QRgb*>(img.scanLine(y));
+    if (row == lastRow) {
+      std::memcpy(line, img.constScanLine(y - 1), static_cast<std::size_t>(f.width) * sizeof(QRgb));
+      continue;
+    }
+    const Colour* src = px.data() + static_cast<std::size_t>(row) * r.width();
+    for (int x = 0; x < f.width; ++x) {
+      const Colour c = src[column[x]];
+      line[x] = qRgb(redOf(c), greenOf(c), blueOf(c));
+    }
+    lastRow = row;
+  }
+  const double dpr = devicePixelRatioF();
+  img.setDevicePixelRatio(dpr);
+  p.drawImage(QPointF(f.left / dpr, f.top / dpr), img);
 }
 
 void SketchCanvas::placeNames() {
@@ -127,7 +193,9 @@ void SketchCanvas::mouseReleaseEvent(QMouseEvent* event) {
 
 void SketchCanvas::keyPressEvent(QKeyEvent* event) {
   const QByteArray text = toBytes(event->text()).c_str();
-  if (text.size() == 1 && static_cast<unsigned char>(text[0]) >= 32 && event->modifiers() == Qt::NoModifier) {
+  // Shift makes capitals; only command keys are not letters.
+  const bool command = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  if (text.size() == 1 && static_cast<unsigned char>(text[0]) >= 32 && !command) {
     emit changed(editor_.typed(text[0]));
     return;
   }
@@ -255,35 +323,52 @@ QWidget* DrawForm::buildControls() {
 
 void DrawForm::buildMenus() {
   menuBar_ = new QMenuBar(this);
-  auto add = [this](QMenu* m, const char* name, const QString& text, auto fn) {
+  auto add = [this](QMenu* m, const char* name, const QString& text, auto fn, QKeySequence keys = {}) {
     QAction* a = m->addAction(text);
     a->setObjectName(name);
+    a->setShortcut(keys);
+    // Held by the form too, so the keys work while the menus are away.
+    if (!keys.isEmpty()) addAction(a);
     connect(a, &QAction::triggered, this, fn);
     return a;
   };
+  auto tool = [this](DrawTool t) { return [this, t] { run([&] { return editor_->chooseTool(t); }); }; };
+
   QMenu* file = menuBar_->addMenu(tr("&File"));
   file->setObjectName("FileMenu");
   add(file, "SaveItem", tr("&Save Dwg..."), [this] { saveDrawing(); });
   add(file, "LoadItem", tr("&Load Dwg..."), [this] { loadDrawing(); });
   add(file, "PrintItem", tr("&Print"), [this] { printForm(); });
+  add(file, "PdfItem", tr("&Export PDF..."), [this] { exportPdf(); });
   add(file, "ToItem", tr("Copy To Clip&board"), [this] { QApplication::clipboard()->setImage(canvasImage()); });
   add(file, "finish", tr("&Cancel Changes, Return"), [this] { cancelChanges(); });
 
   QMenu* drawing = menuBar_->addMenu(tr("&Draw Mode"));
   drawing->setObjectName("Drawing_editor");
-  add(drawing, "boxbutton", tr("&Rectangular Zones"), [this] { run([&] { return editor_->chooseTool(DrawTool::FilledBox); }); });
-  add(drawing, "MatrixButton", tr("&Grid Fill/Erase"), [this] { run([&] { return editor_->chooseTool(DrawTool::CellPaint); }); });
-  add(drawing, "Guidelines", tr("&Dashed Guidelines"), [this] { run([&] { return editor_->chooseTool(DrawTool::GuideBox); }); });
+  add(drawing, "boxbutton", tr("&Rectangular Zones"), tool(DrawTool::FilledBox));
+  add(drawing, "MatrixButton", tr("&Grid Fill/Erase"), tool(DrawTool::CellPaint));
+  add(drawing, "Guidelines", tr("&Dashed Guidelines"), tool(DrawTool::GuideBox));
+  drawing->addSeparator();
+  add(drawing, "FreeLine", tr("&Free Line"), tool(DrawTool::FreeLine), QKeySequence(Qt::CTRL | Qt::Key_L));
+  add(drawing, "Circle", tr("&Circle"), tool(DrawTool::Circle), QKeySequence(Qt::CTRL | Qt::Key_O));
+  add(drawing, "Pen", tr("&Pen"), tool(DrawTool::Pen), QKeySequence(Qt::CTRL | Qt::Key_E));
 
   QMenu* edit = menuBar_->addMenu(tr("&Edit"));
   edit->setObjectName("EditDraw");
   add(edit, "Erase_area", tr("Erase &Window"), [this] { run([&] { return editor_->eraseWindow(); }); });
   add(edit, "erase_dwg", tr("Erase &All"), [this] { run([&] { return editor_->eraseAll(); }); });
+  edit->addSeparator();
+  add(edit, "PasteItem", tr("&Paste Picture"), [this] { pastePicture(); }, QKeySequence(QKeySequence::Paste));
 
   QMenu* view = menuBar_->addMenu(tr("&View"));
   view->setObjectName("view");
   add(view, "Refresh_grid", tr("&Refresh Grid"), [this] { run([&] { return editor_->refreshGrid(); }); });
   add(view, "Redraw", tr("&Cleanup"), [this] { run([&] { return editor_->cleanup(); }); });
+  view->addSeparator();
+  add(view, "LevelUp", tr("Level &Up"), [this] { run([&] { return editor_->levelUp(); }); },
+      QKeySequence(Qt::Key_PageUp));
+  add(view, "LevelDown", tr("Level &Down"), [this] { run([&] { return editor_->levelDown(); }); },
+      QKeySequence(Qt::Key_PageDown));
 
   QMenu* units = menuBar_->addMenu(tr("Drawing &Units"));
   units->setObjectName("Units");
@@ -296,38 +381,28 @@ void DrawForm::buildMenus() {
     a->setEnabled(current);
   }
 
+  QMenu* colour = menuBar_->addMenu(tr("&Color"));
+  colour->setObjectName("ColorMenu");
+  add(colour, "ColorItem", tr("Drawing &Color..."), [this] { colourPanel(); }, QKeySequence(Qt::CTRL | Qt::Key_K));
+
   QMenu* help = menuBar_->addMenu(tr("&Help"));
   help->setObjectName("hlp");
   add(help, "tutorial", tr("&Tutorial"), [this] {
     showHelpFile(this, state_.install.dir(), "help10.txt",
                  fromBytes("BUILDING SKETCH -- " + state_.project.fileName), prompt_);
   });
+}
 
-  // Commands without a menu entry, on keys of their own.
-  auto key = [this](const char* name, QKeySequence seq, auto fn) {
-    auto* a = new QAction(this);
-    a->setObjectName(name);
-    a->setShortcut(seq);
-    connect(a, &QAction::triggered, this, fn);
-    addAction(a);
-  };
-  key("FreeLine", QKeySequence(Qt::CTRL | Qt::Key_L), [this] { run([&] { return editor_->chooseTool(DrawTool::FreeLine); }); });
-  key("Circle", QKeySequence(Qt::CTRL | Qt::Key_O), [this] { run([&] { return editor_->chooseTool(DrawTool::Circle); }); });
-  key("Pen", QKeySequence(Qt::CTRL | Qt::Key_E), [this] { run([&] { return editor_->chooseTool(DrawTool::Pen); }); });
-  key("ColorItem", QKeySequence(Qt::CTRL | Qt::Key_K), [this] { colourPanel(); });
-  key("LevelUp", QKeySequence(Qt::Key_PageUp), [this] { run([&] { return editor_->levelUp(); }); });
-  key("LevelDown", QKeySequence(Qt::Key_PageDown), [this] { run([&] { return editor_->levelDown(); }); });
-  key("PasteItem", QKeySequence::Paste, [this] {
-    const QImage img = QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32);
-    if (img.isNull()) return;
-    std::vector<Colour> px(static_cast<std::size_t>(img.width()) * img.height());
-    for (int y = 0; y < img.height(); ++y) {
-      const auto* line = reinterpret_cast<const QRgb*>(img.constScanLine(y));
-      for (int x = 0; x < img.width(); ++x)
-        px[static_cast<std::size_t>(y) * img.width() + x] = rgb(qRed(line[x]), qGreen(line[x]), qBlue(line[x]));
-    }
-    run([&] { return editor_->pastePicture(px, img.width(), img.height()); });
-  });
+void DrawForm::pastePicture() {
+  const QImage img = QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32);
+  if (img.isNull()) return;
+  std::vector<Colour> px(static_cast<std::size_t>(img.width()) * img.height());
+  for (int y = 0; y < img.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(img.constScanLine(y));
+    for (int x = 0; x < img.width(); ++x)
+      px[static_cast<std::size_t>(y) * img.width() + x] = rgb(qRed(line[x]), qGreen(line[x]), qBlue(line[x]));
+  }
+  run([&] { return editor_->pastePicture(px, img.width(), img.height()); });
 }
 
 QLineEdit* DrawForm::statusBox(const char* name) const { return findChild<QLineEdit*>(name); }
@@ -436,25 +511,73 @@ void DrawForm::loadDrawing() {
   if (f.exec() != QDialog::Accepted) return;
   try {
     show(editor_->loadDrawing(f.path()));
+  } catch (const FileError& e) {
+    prompt_.message(Icon::Exclamation, "Editor", errorMessage(e.number()));
   } catch (const std::exception& e) {
     prompt_.message(Icon::Exclamation, "Editor", e.what());
   }
 }
 
+void DrawForm::printOn(QPaintDevice& device) {
+  // The form as it stands, less its menus, fitted to the page.
+  const int below = menuBar_->isVisible() ? menuBar_->geometry().bottom() + 1 : 0;
+  const QRect source(0, below, width(), height() - below);
+  QPainter p(&device);
+  const QRect page = p.viewport();
+  const QSize size = source.size().scaled(page.size(), Qt::KeepAspectRatio);
+  p.setViewport(page.x(), page.y(), size.width(), size.height());
+  p.setWindow(0, 0, source.width(), source.height());
+  render(&p, QPoint(), QRegion(source));
+}
+
 void DrawForm::printForm() {
   QPrinter printer;
+  printer.setPageOrientation(width() >= height() ? QPageLayout::Landscape : QPageLayout::Portrait);
   QPrintDialog d(&printer, this);
   if (d.exec() != QDialog::Accepted) return;
-  // The form without its menus, fitted to the page.
-  menuBar_->hide();
-  QPainter p(&printer);
-  const QRect page = p.viewport();
-  const QSize size = this->size().scaled(page.size(), Qt::KeepAspectRatio);
-  p.setViewport(page.x(), page.y(), size.width(), size.height());
-  p.setWindow(rect());
-  render(&p);
-  p.end();
-  menuBar_->show();
+  printOn(printer);
+}
+
+QByteArray canvasPdf(const QImage& picture, const QString& title) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter pdf(&buffer);
+    pdf.setTitle(title);
+    pdf.setCreator("MARLOVEN");
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    pdf.setPageOrientation(picture.width() >= picture.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+    pdf.setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
+    QPainter p(&pdf);
+    // JPEG would smear the dots and the zone colours a user compares.
+    p.setRenderHint(QPainter::LosslessImageRendering);
+    const QRect page = p.viewport();
+    const QSize size = picture.size().scaled(page.size(), Qt::KeepAspectRatio);
+    // Enlarged pixel for pixel first, so a viewer's smoothing cannot blur the
+    // grid dots into grey.
+    const QImage sharp = picture.scaled(picture.size() * 3, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+    p.drawImage(QRect(QPoint(page.x() + (page.width() - size.width()) / 2, page.y()), size), sharp);
+  }
+  return buffer.data();
+}
+
+void DrawForm::exportPdfTo(const std::string& path) {
+  const QByteArray bytes = canvasPdf(canvasImage(), windowTitle());
+  try {
+    writeFileAtomic(path, std::string(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+  } catch (const FileError& e) {
+    reportError(prompt_, e);
+  }
+}
+
+void DrawForm::exportPdf() {
+  QFileDialog d(this, tr("Export PDF"), QDir::currentPath(), tr("PDF files (*.pdf)"));
+  d.setObjectName("PdfDialog");
+  d.setAcceptMode(QFileDialog::AcceptSave);
+  d.setDefaultSuffix("pdf");
+  d.selectFile(fromBytes(sketchCopyName(state_.project.fileName, ".pdf")));
+  if (d.exec() != QDialog::Accepted || d.selectedFiles().isEmpty()) return;
+  exportPdfTo(toBytes(d.selectedFiles().front()));
 }
 
 void DrawForm::colourPanel() {

@@ -14,6 +14,7 @@ class QAction;
 class QLineEdit;
 class QMenu;
 class QMenuBar;
+class QPaintDevice;
 class QPushButton;
 class QScrollBar;
 
@@ -21,6 +22,27 @@ namespace marloven::screens {
 
 // The raster as an image of the toolkit.
 QImage rasterImage(const Raster& r);
+
+// A PDF page of a picture, fitted to an A4 page with its proportions kept.
+QByteArray canvasPdf(const QImage& picture, const QString& title);
+
+// How the raster sits on the screen. A raster pixel takes num / den device
+// pixels, a whole number of tenths, so that cells and grid dots, ten raster
+// pixels apart, are all the same whole number of device pixels apart (and a
+// plain scale wherever the room allows). The picture is centred with a margin.
+struct CanvasFit {
+  int num = 1;
+  int den = 1;
+  int left = 0;  // device pixel of the raster's top left corner
+  int top = 0;
+  int width = 0;  // device pixels the picture takes
+  int height = 0;
+
+  // The raster pixel shown at a device pixel (may lie outside the raster).
+  int rasterX(int deviceX) const;
+  int rasterY(int deviceY) const;
+};
+CanvasFit fitCanvas(QSize device, QSize raster, int margin);
 
 // The drawing surface: the raster scaled to the widget without smoothing, the
 // zone name boxes laid over the strip, mouse and typed keys to the editor.
@@ -31,9 +53,11 @@ class SketchCanvas : public QWidget {
   SketchCanvas(SketchEditor& editor, QWidget* parent = nullptr);
 
   QLineEdit* nameBox(int index) const { return names_[index]; }
-  // Widget position of a point of the drawing's scale, and back.
+  // Widget position of a point of the drawing's scale, and back. A point
+  // maps to the scale inside the raster pixel painted under it.
   QPointF toWidget(double x, double y) const;
   QPointF toUser(const QPointF& p) const;
+  CanvasFit fit() const;
   QSize sizeHint() const override;
 
  signals:
@@ -48,7 +72,6 @@ class SketchCanvas : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  QRectF target() const;
   void placeNames();
 
   SketchEditor& editor_;
@@ -76,8 +99,13 @@ class DrawForm : public QDialog {
   // What Exit or Cancel Changes did: true when the sketch went through Exit.
   bool exitedWithSave() const { return saved_; }
 
-  // The whole form as printed, and the canvas as saved or copied.
+  // The canvas as saved, copied or exported.
   QImage canvasImage() const;
+  // The form as printed, without its menus, fitted to the device's page.
+  void printOn(QPaintDevice& device);
+  // The canvas as a PDF at the path, written whole or not at all; a failure
+  // goes to the error report.
+  void exportPdfTo(const std::string& path);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -96,6 +124,8 @@ class DrawForm : public QDialog {
   void saveDrawing();
   void loadDrawing();
   void printForm();
+  void exportPdf();
+  void pastePicture();
   void colourPanel();
 
   AppState& state_;

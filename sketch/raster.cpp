@@ -1,7 +1,6 @@
 #include "sketch/raster.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstring>
 #include <utility>
@@ -12,8 +11,10 @@ namespace {
 
 int roundHalfUp(double v) { return static_cast<int>(std::floor(v + 0.5)); }
 
-// Letters for the user's notes on the drawing: 5 x 7, capitals only (small
-// letters are drawn as capitals). Rows from the top, "#" a set pixel.
+// Letters for the user's notes on the drawing: 5 x 7, rows from the top, "#" a
+// set pixel. Small letters sit on the same base line as capitals, with a body
+// of five rows (or four over a tail of two for g, j, p, q and y), so that a
+// typed note reads as typed.
 struct Glyph {
   char ch;
   const char* rows[7];
@@ -55,6 +56,32 @@ constexpr Glyph kGlyphs[] = {
     {'X', {"#   #", "#   #", " # # ", "  #  ", " # # ", "#   #", "#   #"}},
     {'Y', {"#   #", "#   #", " # # ", "  #  ", "  #  ", "  #  ", "  #  "}},
     {'Z', {"#####", "    #", "   # ", "  #  ", " #   ", "#    ", "#####"}},
+    {'a', {"     ", "     ", " ### ", "    #", " ####", "#   #", " ####"}},
+    {'b', {"#    ", "#    ", "# ## ", "##  #", "#   #", "#   #", "#### "}},
+    {'c', {"     ", "     ", " ### ", "#    ", "#    ", "#   #", " ### "}},
+    {'d', {"    #", "    #", " ## #", "#  ##", "#   #", "#   #", " ####"}},
+    {'e', {"     ", "     ", " ### ", "#   #", "#####", "#    ", " ### "}},
+    {'f', {"  ## ", " #  #", " #   ", "###  ", " #   ", " #   ", " #   "}},
+    {'g', {"     ", " ####", "#   #", "#   #", " ####", "    #", " ### "}},
+    {'h', {"#    ", "#    ", "# ## ", "##  #", "#   #", "#   #", "#   #"}},
+    {'i', {"  #  ", "     ", " ##  ", "  #  ", "  #  ", "  #  ", " ### "}},
+    {'j', {"   # ", "     ", "  ## ", "   # ", "   # ", "#  # ", " ##  "}},
+    {'k', {"#    ", "#    ", "#  # ", "# #  ", "##   ", "# #  ", "#  # "}},
+    {'l', {" ##  ", "  #  ", "  #  ", "  #  ", "  #  ", "  #  ", " ### "}},
+    {'m', {"     ", "     ", "## # ", "# # #", "# # #", "#   #", "#   #"}},
+    {'n', {"     ", "     ", "# ## ", "##  #", "#   #", "#   #", "#   #"}},
+    {'o', {"     ", "     ", " ### ", "#   #", "#   #", "#   #", " ### "}},
+    {'p', {"     ", "#### ", "#   #", "#   #", "#### ", "#    ", "#    "}},
+    {'q', {"     ", " ####", "#   #", "#   #", " ####", "    #", "    #"}},
+    {'r', {"     ", "     ", "# ## ", "##  #", "#    ", "#    ", "#    "}},
+    {'s', {"     ", "     ", " ####", "#    ", " ### ", "    #", "#### "}},
+    {'t', {" #   ", " #   ", "###  ", " #   ", " #   ", " #  #", "  ## "}},
+    {'u', {"     ", "     ", "#   #", "#   #", "#   #", "#  ##", " ## #"}},
+    {'v', {"     ", "     ", "#   #", "#   #", "#   #", " # # ", "  #  "}},
+    {'w', {"     ", "     ", "#   #", "#   #", "# # #", "# # #", " # # "}},
+    {'x', {"     ", "     ", "#   #", " # # ", "  #  ", " # # ", "#   #"}},
+    {'y', {"     ", "#   #", "#   #", "#   #", " ####", "    #", " ### "}},
+    {'z', {"     ", "     ", "#####", "   # ", "  #  ", " #   ", "#####"}},
     {'.', {"     ", "     ", "     ", "     ", "     ", " ##  ", " ##  "}},
     {',', {"     ", "     ", "     ", "     ", " ##  ", "  #  ", " #   "}},
     {'-', {"     ", "     ", "     ", "#####", "     ", "     ", "     "}},
@@ -73,9 +100,8 @@ constexpr Glyph kGlyphs[] = {
 };
 
 const Glyph* glyphOf(char ch) {
-  const char up = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
   for (const Glyph& g : kGlyphs)
-    if (g.ch == up) return &g;
+    if (g.ch == ch) return &g;
   return nullptr;
 }
 

@@ -525,7 +525,16 @@ bool SketchEditor::cancelChanges() {
 }
 
 unsigned SketchEditor::loadDrawing(const std::string& path) {
-  writeFileAtomic(wholeSketchPath(installDir_), readFile(path));
+  const std::string whole = readFile(path);
+  // A file that cannot be split must not replace the building on disk: it is
+  // tried on a scratch matrix first, so a bad choice leaves everything as it was.
+  SketchMatrix trial;
+  const std::vector<std::string> levels = splitWholeText(whole, trial, p_.units, false);
+  for (std::size_t i = 0; i < levels.size(); ++i) {
+    trial.currentLevel = static_cast<std::int16_t>(i + 1);
+    applyLevelText(trial, levels[i]);
+  }
+  writeFileAtomic(wholeSketchPath(installDir_), whole);
   return open();
 }
 

@@ -124,7 +124,8 @@ class SketchEditor {
   void exit();
   bool cancelChanges();
   // A saved sketch file replaces the one open, without a question: copied
-  // over bld_mtx.all and opened anew.
+  // over bld_mtx.all and opened anew. FileError for a file that is missing or
+  // is no sketch (then nothing changes).
   unsigned loadDrawing(const std::string& path);
 
   // A picture pasted over the canvas from its top left corner, rows from the

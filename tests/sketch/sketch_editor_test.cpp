@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/file_error.h"
 #include "common/file_io.h"
 #include "sketch/extract_zones.h"
 #include "sketch/sketch_copies.h"
@@ -420,6 +421,31 @@ TEST(SketchEditor, CancelAsksAndLoadingAFileReplacesTheSketch) {
   EXPECT_EQ(s.cell(60, 1), 9);
   EXPECT_EQ(s.ed.matrix().levelCount, 2);
   EXPECT_EQ(s.inst.read("sketch/bld_mtx.all"), b.levels[0] + b.levels[1]);
+}
+
+TEST(SketchEditor, LoadingAMissingFileOrOneThatIsNoSketchChangesNothing) {
+  Sketch s;
+  s.box(3, 0, 0, 100, 100);
+  const std::string whole = s.inst.read("sketch/bld_mtx.all");
+  const std::string level1 = s.inst.read("sketch/bld_mtx.i1");
+  s.inst.write("notes.wri", "Dear Sir,\r\nplease find the plans enclosed.\r\n");
+  s.inst.write("empty.wri", "");
+  std::string overrun = readFile(kTemplate);
+  overrun.insert(overrun.find("ZoneName[1 ]"), "ZoneName[0]: extra\r\n");
+  s.inst.write("overrun.wri", overrun);
+  for (const auto& [name, number] : std::vector<std::pair<std::string, int>>{
+           {"missing.wri", err::kFileNotFound}, {"notes.wri", err::kBadFileName}, {"empty.wri", err::kBadFileName},
+           {"overrun.wri", err::kSubscriptOutOfRange}}) {
+    try {
+      s.ed.loadDrawing((s.inst.root() / name).string());
+      ADD_FAILURE() << name << " was loaded";
+    } catch (const FileError& e) {
+      EXPECT_EQ(e.number(), number) << name;
+    }
+    EXPECT_EQ(s.inst.read("sketch/bld_mtx.all"), whole) << name;
+    EXPECT_EQ(s.inst.read("sketch/bld_mtx.i1"), level1) << name;
+    EXPECT_EQ(s.count(3), 100) << name;
+  }
 }
 
 // A two-level building drawn, left by Exit: the model and the scratch files
