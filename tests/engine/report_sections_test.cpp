@@ -244,18 +244,6 @@ TEST(ReportSections, AnchorsUniqueAndLinesWithinTheReport) {
   }
 }
 
-TEST(ReportSections, LoadTableUnchangedByTheFullWriter) {
-  TwoZoneRun run;
-  int page = 9, pageOld = 9;
-  const std::string full = writeSimOut(run.context(), run.loads, run.energy, run.costs, page);
-  const std::string old = writeSimOut(run.context(), run.loads, pageOld);
-  const std::size_t end = old.find("    MONTHLY BUILDING LOADS");
-  ASSERT_NE(end, std::string::npos);
-  EXPECT_EQ(full.substr(0, end), old.substr(0, end));
-  EXPECT_EQ(full.substr(end, 33), "    ANNUAL SITE ENERGY BY END USE");
-  EXPECT_GT(page, pageOld);  // page 2 of III and IV-VII each start a page
-}
-
 TEST(ReportSections, DesignProfilesZonesAndCosts) {
   TwoZoneRun run;
   const auto lines = run.lines();
