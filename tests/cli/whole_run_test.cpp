@@ -48,7 +48,8 @@ class WholeRun : public ::testing::Test {
     inst_.write("temp/ecalc$.tmp", control(runType));
     const auto engine = runCli({"run-engine", temp()});
     EXPECT_EQ(engine.status, 0) << engine.err;
-    inst_.write("temp/ecalc$.out", inst_.read("temp/ecalc$.out") + inst_.read("temp/sim$.out") + inst_.read("temp/ecalc$.wth"));
+    inst_.write("temp/ecalc$.out", inst_.read("temp/ecalc$.out") + inst_.read("temp/sim$.out") + inst_.read("temp/ecalc$.wth") +
+                                       inst_.read("temp/ecalc$.flt"));
     tarn::RunLog log;
     return *tarn::simulate(temp(), log);
   }
