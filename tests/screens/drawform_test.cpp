@@ -23,31 +23,18 @@
 #include "screens/controlpanel.h"
 #include "screens/drawform.h"
 #include "screens/loadform.h"
+#include "modal.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 using namespace marloven;
+using marloven::testing::whenShown;
 using screens::DrawForm;
 
 namespace {
 
 const std::string kTemplate = std::string(SOURCE_DIR) + "/install/sketch/bld_mtx2.000";
 
-// Runs fn on the modal dialog of type T once it is up; one left open is
-// rejected so that a failing check cannot hang the run.
-template <typename T, typename F>
-void whenShown(F fn) {
-  auto* timer = new QTimer;
-  QObject::connect(timer, &QTimer::timeout, [timer, fn] {
-    auto* dlg = qobject_cast<T*>(QApplication::activeModalWidget());
-    if (dlg == nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    fn(dlg);
-    if (dlg->isVisible()) dlg->reject();
-  });
-  timer->start(10);
-}
 
 // A sketch form open on the shipped empty sketch, shown at a given size.
 struct Form {
@@ -82,11 +69,7 @@ struct Form {
 // A filled box of the zone, dragged between two points of the drawing.
 void box(DrawForm& d, int zone, double x1, double y1, double x2, double y2) {
   d.editor().selectZone(zone - 1);
-  screens::SketchCanvas* c = d.canvas();
-  const QPoint a = c->toWidget(x1, y1).toPoint(), b = c->toWidget(x2, y2).toPoint();
-  QTest::mousePress(c, Qt::LeftButton, Qt::NoModifier, a);
-  QTest::mouseMove(c, b);
-  QTest::mouseRelease(c, Qt::LeftButton, Qt::NoModifier, b);
+  testing::dragOn(d.canvas(), x1, y1, x2, y2);
 }
 
 QRgb qtColour(Colour c) { return qRgb(redOf(c), greenOf(c), blueOf(c)); }

@@ -19,10 +19,12 @@
 #include "screens/project_file_dialog.h"
 #include "screens/text_viewer.h"
 #include "screens/text_codec.h"
+#include "modal.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 using namespace marloven;
+using marloven::testing::whenShown;
 using screens::Desktop;
 
 namespace {
@@ -46,21 +48,6 @@ struct Fixture {
   std::unique_ptr<Desktop> desktop;
 };
 
-// Runs fn on the modal dialog of type T once it is up (the caller then opens
-// it); a dialog fn leaves open is cancelled so a failing check cannot hang.
-template <typename T, typename F>
-void whenShown(F fn) {
-  auto* timer = new QTimer;
-  QObject::connect(timer, &QTimer::timeout, [timer, fn] {
-    auto* dlg = qobject_cast<T*>(QApplication::activeModalWidget());
-    if (dlg == nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    fn(dlg);
-    if (dlg->isVisible()) dlg->reject();
-  });
-  timer->start(10);
-}
 
 }  // namespace
 

@@ -21,31 +21,18 @@
 #include "screens/mainmenu_window.h"
 #include "screens/saveform.h"
 #include "screens/text_codec.h"
+#include "modal.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 using namespace marloven;
+using marloven::testing::whenShown;
 using screens::DrawForm;
 
 namespace {
 
 const std::string kTemplate = std::string(SOURCE_DIR) + "/install/sketch/bld_mtx2.000";
 
-// Runs fn on the modal dialog of type T once it is up; one left open is
-// rejected so that a failing check cannot hang the run.
-template <typename T, typename F>
-void whenShown(F fn) {
-  auto* timer = new QTimer;
-  QObject::connect(timer, &QTimer::timeout, [timer, fn] {
-    auto* dlg = qobject_cast<T*>(QApplication::activeModalWidget());
-    if (dlg == nullptr) return;
-    timer->stop();
-    timer->deleteLater();
-    fn(dlg);
-    if (dlg->isVisible()) dlg->reject();
-  });
-  timer->start(10);
-}
 
 struct Fixture {
   Fixture() {
@@ -58,15 +45,7 @@ struct Fixture {
   testing::FakePrompt prompt;
 };
 
-// A filled box dragged on the canvas between two points of the drawing.
-void drag(DrawForm* f, double x1, double y1, double x2, double y2) {
-  screens::SketchCanvas* c = f->canvas();
-  const QPoint a = c->toWidget(x1, y1).toPoint(), b = c->toWidget(x2, y2).toPoint();
-  QTest::mousePress(c, Qt::LeftButton, Qt::NoModifier, a);
-  QTest::mouseMove(c, (a + b) / 2);
-  QTest::mouseMove(c, b);
-  QTest::mouseRelease(c, Qt::LeftButton, Qt::NoModifier, b);
-}
+void drag(DrawForm* f, double x1, double y1, double x2, double y2) { testing::dragOn(f->canvas(), x1, y1, x2, y2); }
 
 }  // namespace
 
