@@ -129,13 +129,7 @@ std::vector<double> periodicResponse(const std::vector<double>& s, double lag, d
 }
 
 std::vector<double> groundTemperature(const WeatherYear& w, double depthFt) {
-  std::array<double, 12> monthly{};
-  for (int m = 1; m <= 12; ++m) {
-    const int first = firstDayOfMonth(m, w.year), len = daysInMonth(m, w.year);
-    double s = 0;
-    for (int h = (first - 1) * 24; h < (first - 1 + len) * 24; ++h) s += w.hours[h].dryBulb;
-    monthly[m - 1] = s / (len * 24.0);
-  }
+  const std::array<double, 12> monthly = monthlyMeanDryBulb(w);
   double annual = 0;
   for (double v : monthly) annual += v / 12.0;
   const std::vector<double> curve = meanPreservingCurve(monthly, w.year);

@@ -42,16 +42,8 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
   // Blind season: months warmer than the year's mean are summer.
   std::array<bool, 13> summer{};
   {
-    std::array<double, 12> monthly{};
-    double annual = 0;
-    for (int mo = 1; mo <= 12; ++mo) {
-      const int first = firstDayOfMonth(mo, w.year), len = daysInMonth(mo, w.year);
-      double s = 0;
-      for (int h = (first - 1) * 24; h < (first - 1 + len) * 24; ++h) s += w.hours[h].dryBulb;
-      monthly[mo - 1] = s / (len * 24.0);
-      annual += s;
-    }
-    annual /= static_cast<double>(w.hours.size());
+    const std::array<double, 12> monthly = monthlyMeanDryBulb(w);
+    const double annual = annualMeanDryBulb(w);
     for (int mo = 1; mo <= 12; ++mo) summer[mo] = monthly[mo - 1] > annual;
   }
 

@@ -376,16 +376,8 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
   }
 
   // Cold water for the water heaters, from the monthly means of the weather used.
-  std::array<double, 12> monthlyMean{};
-  double annualMean = 0;
-  for (int mo = 1; mo <= 12; ++mo) {
-    const int first = firstDayOfMonth(mo, w.year), len = daysInMonth(mo, w.year);
-    double sum = 0;
-    for (int h = (first - 1) * 24; h < (first - 1 + len) * 24; ++h) sum += w.hours[h].dryBulb;
-    monthlyMean[mo - 1] = sum / (len * 24.0);
-    annualMean += sum;
-  }
-  annualMean /= static_cast<double>(w.hours.size());
+  const std::array<double, 12> monthlyMean = monthlyMeanDryBulb(w);
+  const double annualMean = annualMeanDryBulb(w);
   const auto [coldest, warmest] = std::minmax_element(monthlyMean.begin(), monthlyMean.end());
   const double spread = *warmest - *coldest;
 

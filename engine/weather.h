@@ -47,6 +47,10 @@ bool isLeapYear(int year);
 int daysInMonth(int month, int year);  // month 1..12
 int firstDayOfMonth(int month, int year);  // day of year 1..366
 
+// Mean dry bulb of each calendar month, and of every hour of the year, °F.
+std::array<double, 12> monthlyMeanDryBulb(const WeatherYear& w);
+double annualMeanDryBulb(const WeatherYear& w);
+
 // Deterministic synthesis: the whole calendar year from the seed text.
 WeatherYear synthesize(const MonthlyStats& stats, const Site& site, std::string_view seedText,
                        int year);

@@ -20,6 +20,23 @@ int firstDayOfMonth(int m, int y) {
   return d;
 }
 
+std::array<double, 12> monthlyMeanDryBulb(const WeatherYear& w) {
+  std::array<double, 12> monthly{};
+  for (int m = 1; m <= 12; ++m) {
+    const int first = firstDayOfMonth(m, w.year), len = daysInMonth(m, w.year);
+    double s = 0;
+    for (int h = (first - 1) * 24; h < (first - 1 + len) * 24; ++h) s += w.hours[h].dryBulb;
+    monthly[m - 1] = s / (len * 24.0);
+  }
+  return monthly;
+}
+
+double annualMeanDryBulb(const WeatherYear& w) {
+  double s = 0;
+  for (const WeatherHour& h : w.hours) s += h.dryBulb;
+  return w.hours.empty() ? 0.0 : s / static_cast<double>(w.hours.size());
+}
+
 namespace {
 
 struct Weights {

@@ -115,6 +115,20 @@ def num(v, digits=4):
     return (' ' if v >= 0 else '') + s + ' '
 
 
+# Denver's monthly statistics as the project file's weather block holds them.
+DENVER_STATS = [
+    '          Jan   Feb   Mar   Apr   May   Jun   Jul   Aug   Sep   Oct   Nov   Dec',
+    'DB Ave   29.7  33.4  39.0  48.2  57.2  66.9  73.5  71.4  62.3  51.4  39.0  30.3',
+    'Ave std   7.8   7.4   6.9   6.3   5.5   4.8   3.4   3.6   5.0   5.8   7.0   7.6',
+    'DB Max   43.2  46.6  52.2  61.8  70.8  81.4  88.2  85.8  77.5  66.3  52.5  44.5',
+    'Max std   9.6   9.1   8.7   8.0   7.1   6.0   4.4   4.6   6.3   7.6   8.9   9.4',
+    'DP Ave   14.2  16.8  20.1  25.6  35.7  43.8  49.2  49.0  39.2  27.9  19.6  14.8',
+    'DP std    8.6   8.4   8.8   8.7   7.6   6.3   5.1   5.2   6.8   8.0   8.4   8.7',
+    'SOLAR     840  1120  1510  1890  2090  2310  2270  2030  1730  1290   900   740',
+    'WIND      8.7   8.9   9.7  10.2   9.6   9.0   8.5   8.1   8.2   8.1   8.4   8.5',
+]
+
+
 def wall_type(i, name, absorb, layers, films):
     u, dec, lag = periodic_response(layers, films)
     return ['ID. #     %d' % i, 'Descript. ' + name, 'U-Factor  ' + num(u * W_M2K_TO_IP).strip(),
@@ -163,15 +177,7 @@ def case(heavy):
              'Con. Cost 0', 'Occ. Days 7', 'An Hldays 0', 'WEATHER',
              ' ' * 51 + 'WMO#  Lat. Long.  STM.  Elev',
              ('DENVER INTL AP, CO').ljust(50) + '72565' + '  39.8' + ' 104.7' + '     7' + '  5413',
-             '          Jan   Feb   Mar   Apr   May   Jun   Jul   Aug   Sep   Oct   Nov   Dec',
-             'DB Ave   29.7  33.4  39.0  48.2  57.2  66.9  73.5  71.4  62.3  51.4  39.0  30.3',
-             'Ave std   7.8   7.4   6.9   6.3   5.5   4.8   3.4   3.6   5.0   5.8   7.0   7.6',
-             'DB Max   43.2  46.6  52.2  61.8  70.8  81.4  88.2  85.8  77.5  66.3  52.5  44.5',
-             'Max std   9.6   9.1   8.7   8.0   7.1   6.0   4.4   4.6   6.3   7.6   8.9   9.4',
-             'DP Ave   14.2  16.8  20.1  25.6  35.7  43.8  49.2  49.0  39.2  27.9  19.6  14.8',
-             'DP std    8.6   8.4   8.8   8.7   7.6   6.3   5.1   5.2   6.8   8.0   8.4   8.7',
-             'SOLAR     840  1120  1510  1890  2090  2310  2270  2030  1730  1290   900   740',
-             'WIND      8.7   8.9   9.7  10.2   9.6   9.0   8.5   8.1   8.2   8.1   8.4   8.5',
+            ] + DENVER_STATS + [
              'DesTemps   91.3  57.4 -2.1 ', 'ECONOMICS',
              'Econ.Life 20', 'Mech.Life 20', 'SolarLife 20', 'Disc.Rate 3', 'Cost Esc. 2', 'Elec.Cost .1',
              'Elec.Esc. 2', 'Gas  Cost 1', 'Gas  Esc. 2', 'WaterCost 4', 'WaterEsc. 2', 'DemCharge  N',

@@ -11,7 +11,7 @@ import os
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
-from make_cases import num  # noqa: E402
+from make_cases import DENVER_STATS, num  # noqa: E402
 
 REPO = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
@@ -94,15 +94,7 @@ def office(climate, two_zones=False):
              'Schm. Num 1', 'Con. Year 2025', 'Orient.   0', 'FloorArea 5400', 'Con. Cost 150', 'Occ. Days 5',
              'An Hldays 10', 'WEATHER', ' ' * 51 + 'WMO#  Lat. Long.  STM.  Elev',
              station.ljust(50)[:50] + wmo + lat.rjust(6) + lon.rjust(6) + tz.rjust(6) + elev.rjust(6),
-             '          Jan   Feb   Mar   Apr   May   Jun   Jul   Aug   Sep   Oct   Nov   Dec',
-             'DB Ave   29.7  33.4  39.0  48.2  57.2  66.9  73.5  71.4  62.3  51.4  39.0  30.3',
-             'Ave std   7.8   7.4   6.9   6.3   5.5   4.8   3.4   3.6   5.0   5.8   7.0   7.6',
-             'DB Max   43.2  46.6  52.2  61.8  70.8  81.4  88.2  85.8  77.5  66.3  52.5  44.5',
-             'Max std   9.6   9.1   8.7   8.0   7.1   6.0   4.4   4.6   6.3   7.6   8.9   9.4',
-             'DP Ave   14.2  16.8  20.1  25.6  35.7  43.8  49.2  49.0  39.2  27.9  19.6  14.8',
-             'DP std    8.6   8.4   8.8   8.7   7.6   6.3   5.1   5.2   6.8   8.0   8.4   8.7',
-             'SOLAR     840  1120  1510  1890  2090  2310  2270  2030  1730  1290   900   740',
-             'WIND      8.7   8.9   9.7  10.2   9.6   9.0   8.5   8.1   8.2   8.1   8.4   8.5',
+            ] + DENVER_STATS + [
              'DesTemps  %6.1f%6.1f%5.1f ' % design, 'ECONOMICS',
              'Econ.Life 25', 'Mech.Life 15', 'SolarLife 20', 'Disc.Rate 3', 'Cost Esc. 2', 'Elec.Cost .11',
              'Elec.Esc. 1', 'Gas  Cost 1.1', 'Gas  Esc. 1', 'WaterCost 5', 'WaterEsc. 1', 'DemCharge  N',
