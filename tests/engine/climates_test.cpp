@@ -9,15 +9,9 @@
 #include <string>
 
 #include "common/file_io.h"
-#include "engine/calendar.h"
-#include "engine/control_file.h"
-#include "engine/loads.h"
-#include "engine/model.h"
-#include "engine/run_log.h"
+#include "engine/engine_run.h"
 #include "engine/systems.h"
-#include "engine/weather_readers.h"
-#include "project/project_model.h"
-#include "project/project_reader.h"
+#include "support/temp_install.h"
 
 namespace {
 
@@ -29,16 +23,14 @@ struct Use {
 
 Use runOffice(const std::string& city, const std::string& epw) {
   const std::string dir = std::string(TARN_FIXTURES) + "/office/";
-  marloven::Project project;
-  const marloven::ReadSideFiles side = marloven::readProject(marloven::readFile(dir + "office_" + city + ".inp"), project);
+  marloven::testing::TempInstall scratch;
+  scratch.write("ecalc$.inp", marloven::readFile(dir + "office_" + city + ".inp"));
+  scratch.write("ecalc$.tmp", marloven::readFile(dir + "year.tmp"));
+  scratch.write("ecalc$.tmy", marloven::readFile(epw));
   RunLog log;
-  const RunControl control = parseControl(marloven::readFile(dir + "year.tmp"), log);
-  const SimModel model = buildModel(project, side.sketchLines, control, log);
-  const Calendar cal = buildCalendar(model.year, control, model.occupiedDays, model.holidayCount, model.weeksPerMonth, log);
-  const WeatherYear weather =
-      readRecorded(marloven::readFile(epw), WeatherFormat::Epw, model.year, model.site, log);
-  const LoadsResult loads = runLoads(model, weather, cal, false, control.comfortLow, control.comfortHigh);
-  const EnergyResult energy = runSystems(model, loads, weather, control, log);
+  const Simulation sim = simulate(scratch.root(), log).value();
+  const SimModel& model = sim.model;
+  const EnergyResult& energy = sim.energy;
   Use u;
   double area = 0;
   for (const ZoneModel& z : model.zones) area += z.floorArea;

@@ -6,22 +6,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <random>
 
 #include "common/file_io.h"
 #include "common/number_text.h"
 #include "common/text_lines.h"
-#include "engine/calendar.h"
-#include "engine/control_file.h"
 #include "engine/engine_run.h"
 #include "engine/loads.h"
-#include "engine/model.h"
 #include "engine/run_log.h"
-#include "engine/weather.h"
-#include "engine/weather_readers.h"
-#include "project/project_model.h"
-#include "project/project_reader.h"
 
 namespace fs = std::filesystem;
 using namespace tarn;
@@ -159,14 +151,11 @@ TEST(Contract, SimulatedRunReportsAClosedLoadTable) {
 // The twelve categories add up to the zone's load every hour (to rounding)
 // and to the total every month.
 TEST(Attribution, CategoriesCloseEveryHourAndMonth) {
-  marloven::Project project;
-  const marloven::ReadSideFiles side = marloven::readProject(fixture("case600.inp"), project);
+  ScratchDir d;
+  d.put("ecalc$.inp", fixture("case600.inp"));
+  d.put("ecalc$.tmp", simulatedControl(3));
   RunLog log;
-  const RunControl control = parseControl(simulatedControl(3), log);
-  const SimModel model = buildModel(project, side.sketchLines, control, log);
-  const Calendar cal = buildCalendar(model.year, control, model.occupiedDays, model.holidayCount, 4, log);
-  const WeatherYear w = synthesize(model.stats, model.site, model.seed, model.year);
-  const LoadsResult r = runLoads(model, w, cal, false, 68, 79);
+  const LoadsResult r = simulate(d.path(), log).value().loads;
   EXPECT_LT(r.balanceError, 1e-9);
   for (int m = 0; m < 12; ++m)
     for (const LoadRows* rows : {&r.monthHeating[m], &r.monthCooling[m]}) {
@@ -184,15 +173,12 @@ TEST(Attribution, CategoriesCloseEveryHourAndMonth) {
 // A standard case run in-process on the recorded Denver year, so that the
 // totals are compared unrounded (the report prints 0.1 MBtu, 0.03 MWh).
 static LoadsResult standardCase(const std::string& file, const std::string& weatherPath, bool passive) {
-  marloven::Project project;
-  const marloven::ReadSideFiles side = marloven::readProject(fixture(file), project);
+  ScratchDir d;
+  d.put("ecalc$.inp", fixture(file));
+  d.put("ecalc$.tmp", fixture(passive ? "free_float.tmp" : "hvac.tmp"));
+  d.put("ecalc$.tmy", marloven::readFile(weatherPath));
   RunLog log;
-  const RunControl control = parseControl(fixture(passive ? "free_float.tmp" : "hvac.tmp"), log);
-  const SimModel model = buildModel(project, side.sketchLines, control, log);
-  const Calendar cal = buildCalendar(model.year, control, model.occupiedDays, model.holidayCount, model.weeksPerMonth, log);
-  const WeatherYear weather = readRecorded(marloven::readFile(weatherPath), static_cast<WeatherFormat>(control.weatherFormat),
-                                           model.year, model.site, log);
-  return runLoads(model, weather, cal, passive, control.comfortLow, control.comfortHigh);
+  return simulate(d.path(), log).value().loads;
 }
 
 TEST(StandardCases, AgainstTheReferencePrograms) {
