@@ -10,7 +10,7 @@
 
 #include "screens/desktop.h"
 #include "screens/qt_prompt.h"
-#include "shell/error_report.h"
+#include "common/error_report.h"
 #include "shell/startup.h"
 #include "shell/user_tree.h"
 

@@ -6,7 +6,7 @@
 #include "common/file_io.h"
 #include "common/number_text.h"
 #include "project/project_reader.h"
-#include "shell/installation.h"
+#include "project/installation.h"
 #include "shell/startup.h"
 #include "sketch/extract_zones.h"
 #include "sketch/level_files.h"

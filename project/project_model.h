@@ -185,7 +185,10 @@ struct ProjectFlags {
   int sketchCount = 0;
   bool weatherRereadPending = false;
   bool projectDataFilled = false;
-  std::array<bool, 2> projectNameChanged{};
+  // The pair the sketch clears when it opens ("project name changed"): the
+  // orientation or the floor area was typed on the project information screen.
+  bool orientationEdited = false;
+  bool floorAreaEdited = false;
   bool zoneKey = false;
   bool buildingTypeChosen = false;
   bool daylightingInUse = false;

@@ -33,7 +33,7 @@
 #include "screens/saveform.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
-#include "shell/error_report.h"
+#include "common/error_report.h"
 #include "sketch/sketch_copies.h"
 
 namespace marloven::screens {

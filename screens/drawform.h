@@ -7,7 +7,7 @@
 #include <array>
 #include <memory>
 
-#include "shell/app_state.h"
+#include "project/app_state.h"
 #include "sketch/sketch_editor.h"
 
 class QAction;

@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 
 #include "screens/drawform.h"
+#include "screens/economicsform.h"
+#include "screens/projectinfo.h"
 #include "screens/project_file_dialog.h"
 #include "screens/step_icons.h"
 #include "screens/text_codec.h"
@@ -143,6 +145,18 @@ void MainMenuWindow::wireCommands() {
   };
   handlers_[{Command::HelpAbout, 0}] = [this, dir] {
     showHelpFile(this, dir, "mainhlp1.txt", "MARLOVEN EC Release 6.5", prompt_);
+  };
+  stepHandlers_[1] = [this] {
+    ProjectInfoScreen form(state_, prompt_, this);
+    form.exec();
+    logic_.inputAccepted();
+    refresh();
+  };
+  stepHandlers_[3] = [this] {
+    EconomicsScreen form(state_, prompt_, this);
+    form.exec();
+    logic_.inputAccepted();
+    refresh();
   };
   stepHandlers_[4] = [this] { follow(life_.openSketch()); };
   // Later screens add their handlers here and to stepHandlers_.

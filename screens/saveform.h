@@ -7,7 +7,7 @@
 
 #include "screens/folder_files.h"
 #include "common/prompt.h"
-#include "shell/app_state.h"
+#include "project/app_state.h"
 
 class QLineEdit;
 class QRadioButton;

@@ -10,7 +10,7 @@
 #include "common/file_error.h"
 #include "common/file_io.h"
 #include "screens/text_codec.h"
-#include "shell/error_report.h"
+#include "common/error_report.h"
 
 namespace marloven::screens {
 

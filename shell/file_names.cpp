@@ -1,6 +1,6 @@
 #include "shell/file_names.h"
 
-#include "shell/installation.h"
+#include "project/installation.h"
 
 namespace marloven {
 

@@ -12,7 +12,7 @@
 #include "project/project_writer.h"
 #include "project/zone_entry.h"
 #include "run/run_copy.h"
-#include "shell/error_report.h"
+#include "common/error_report.h"
 #include "shell/file_names.h"
 #include "shell/startup.h"
 
@@ -336,7 +336,7 @@ Next Lifecycle::results(int kind, int index) {
 Next Lifecycle::openSketch() {
   Project& p = state_.project;
   p.flags.stepDone[4] = true;
-  p.flags.projectNameChanged = {};
+  p.flags.orientationEdited = p.flags.floorAreaEdited = false;
   p.flags.zoneKey = false;
   for (int r = 1; r < ZoneListGrid::kRows - 1; ++r) {
     state_.zoneList.cells[r][0].clear();

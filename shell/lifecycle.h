@@ -8,7 +8,7 @@
 #include <functional>
 #include <string>
 
-#include "shell/app_state.h"
+#include "project/app_state.h"
 #include "shell/main_menu.h"
 #include "common/prompt.h"
 

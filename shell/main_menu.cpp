@@ -113,6 +113,12 @@ void MainMenu::projectReset() {
   caption_ = mainMenuCaption(state_.project);
 }
 
+void MainMenu::inputAccepted() {
+  const ProjectFlags& f = state_.project.flags;
+  if (f.fromFile || f.stepDone[4]) stepEnabled_[5] = true;
+  if (f.fromFile) runMenuEnabled_ = stepEnabled_[6] = true;
+}
+
 void MainMenu::projectOpened() {
   stepEnabled_.fill(true);
   runMenuEnabled_ = viewMenuEnabled_ = true;

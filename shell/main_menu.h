@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/app_state.h"
+#include "project/app_state.h"
 #include "common/prompt.h"
 
 namespace marloven {
@@ -89,6 +89,10 @@ class MainMenu {
   // Retrieve or save: every step, the Analysis and the View menu come on.
   void projectOpened();
   void enableViewMenu() { viewMenuEnabled_ = true; }
+  // Project information or economics left by OK or Cancel: a project from a
+  // file, or one whose sketch was opened, may enter its zones; a project from
+  // a file may also run.
+  void inputAccepted();
   // Opening the sketch: the zones may be entered from now on.
   void sketchOpened() { stepEnabled_[5] = true; }
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/error_report.h"
+#include "common/error_report.h"
 #include "shell/startup.h"
 
 namespace marloven {

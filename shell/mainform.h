@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "shell/app_state.h"
+#include "project/app_state.h"
 #include "common/prompt.h"
 
 namespace marloven {

@@ -185,7 +185,7 @@ void resetProject(const Installation& inst, Project& p) {
   f.inputSaved = false;
   f.anySaveSinceStart = false;
   f.daylightingInUse = false;
-  f.projectNameChanged = {};
+  f.orientationEdited = f.floorAreaEdited = false;
   f.zoneKey = false;
   f.buildingTypeChosen = false;
   f.recordedWeatherPicked = false;

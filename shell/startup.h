@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "common/file_error.h"
-#include "shell/app_state.h"
+#include "project/app_state.h"
 
 namespace marloven {
 

@@ -235,12 +235,12 @@ TEST(Lifecycle, OpeningTheSketchHoldsRunAndSaveUntilTheZonesArePassedAgain) {
   Session x;
   x.retrieveFixture();
   x.s.zoneList.cells[3] = {"3", "Gym", " 900"};
-  x.p().flags.projectNameChanged = {true, true};
+  x.p().flags.orientationEdited = x.p().flags.floorAreaEdited = true;
   ASSERT_EQ(x.life.openSketch(), Next::Sketch);
   EXPECT_TRUE(x.p().flags.resketched);
   EXPECT_EQ(x.p().flags.sketchCount, 1);
   EXPECT_FALSE(x.p().flags.newSketch);  // a project from a file keeps its own sketch
-  EXPECT_FALSE(x.p().flags.projectNameChanged[0]);
+  EXPECT_FALSE(x.p().flags.orientationEdited || x.p().flags.floorAreaEdited);
   EXPECT_EQ(x.s.zoneList.cells[3][0], "");
   EXPECT_EQ(x.s.zoneList.cells[3][2], " 900");  // only ID and name are cleared
   EXPECT_FALSE(x.p().zones[1].named);

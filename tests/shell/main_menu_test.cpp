@@ -61,6 +61,28 @@ TEST(MainMenu, RunNeedsSteps1245ButNotEconomics) {
   }
 }
 
+TEST(MainMenu, AcceptedProjectInformationOpensZonesAfterASketchAndRunForAFile) {
+  {
+    Fixture f;  // a new project: nothing more until the sketch was opened
+    f.state.project.flags.stepDone[1] = true;
+    f.menu.inputAccepted();
+    EXPECT_FALSE(f.menu.stepEnabled(5));
+    f.state.project.flags.stepDone[4] = true;
+    f.menu.inputAccepted();
+    EXPECT_TRUE(f.menu.stepEnabled(5));
+    EXPECT_FALSE(f.menu.stepEnabled(6));
+    EXPECT_FALSE(f.menu.menuEnabled(MenuId::Analysis));
+  }
+  {
+    Fixture f;  // a project from a file runs as it stands
+    f.state.project.flags.fromFile = true;
+    f.menu.inputAccepted();
+    EXPECT_TRUE(f.menu.stepEnabled(5));
+    EXPECT_TRUE(f.menu.stepEnabled(6));
+    EXPECT_TRUE(f.menu.menuEnabled(MenuId::Analysis));
+  }
+}
+
 TEST(MainMenu, ActivationReturnsToTheInstallationAndAfterARunToTheRememberedName) {
   Fixture f;
   Project& p = f.state.project;

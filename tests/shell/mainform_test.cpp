@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/error_report.h"
+#include "common/error_report.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
 

@@ -87,7 +87,7 @@ TEST(ResetProject, NamesFlagsAndTables) {
   f.fromFile = f.weatherRereadPending = f.projectDataFilled = f.resketched = f.zonesOpened = true;
   f.runMade = f.outputViewable = f.inputSaved = f.anySaveSinceStart = true;
   f.daylightingInUse = f.zoneKey = f.buildingTypeChosen = f.recordedWeatherPicked = true;
-  f.projectNameChanged = {true, true};
+  f.orientationEdited = f.floorAreaEdited = true;
   f.runKind = 3;
   f.profileKindLoaded[2] = f.profileKindTouched[4] = true;
   p.designTemps.values = {"", "95", "75", "20"};
@@ -106,7 +106,7 @@ TEST(ResetProject, NamesFlagsAndTables) {
   EXPECT_FALSE(f.fromFile || f.weatherRereadPending || f.projectDataFilled || f.resketched ||
                f.zonesOpened || f.runMade || f.outputViewable || f.inputSaved ||
                f.anySaveSinceStart || f.daylightingInUse || f.zoneKey || f.buildingTypeChosen ||
-               f.recordedWeatherPicked || f.projectNameChanged[0] || f.projectNameChanged[1]);
+               f.recordedWeatherPicked || f.orientationEdited || f.floorAreaEdited);
   EXPECT_EQ(f.runKind, 0);
   EXPECT_FALSE(f.profileKindLoaded[2] || f.profileKindTouched[4] || p.designTemps.known);
   EXPECT_FALSE(p.zones[1].named || p.zones[100].existedBeforeSketch);

@@ -1,4 +1,4 @@
-#include "shell/installation.h"
+#include "project/installation.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "shell/error_report.h"
+#include "common/error_report.h"
 
 namespace marloven {
 

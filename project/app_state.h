@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "project/project_model.h"
-#include "shell/installation.h"
+#include "project/installation.h"
 
 namespace marloven {
 
@@ -50,8 +50,15 @@ struct AppState {
   Installation install;
   Project project;
   StartupTables tables;
-  // The building type last chosen, 1..42; 0 before any choice.
+  // The building type last chosen, 1..42; 0 before any choice. It names the
+  // type's file and is the default profile number of a zone.
   int buildingTypeNumber = 0;
+  // Project information: the box that had a key released in it last, where
+  // Undo Last starts.
+  int undoField = 0;
+  // Economics: the box last clicked or typed in; the life and rate menus fill
+  // it, Undo Last starts there.
+  int lastEconomicsBox = 0;
   ZoneListGrid zoneList;
   ResultsChoice results;
 };
