@@ -133,9 +133,10 @@ void EconomicsScreen::build() {
   for (int i = kEconomicLife; i <= kCostEscalation; ++i, ++row) {
     QLabel* l = rightLabel(fromBytes(EconomicsForm::label(i)), frame);
     if (i == kCostEscalation) {
-      // The caption is laid out over lines in its own columns.
+      // The caption's blanks are its layout over two lines.
       l->setWordWrap(true);
-      l->setFixedWidth(fontMetrics().horizontalAdvance(QStringLiteral(" Building Cost    ")));
+      l->setFixedWidth(l->fontMetrics().horizontalAdvance(QStringLiteral("Escalation          :")) * 6 / 5);
+      l->setMinimumHeight(l->fontMetrics().lineSpacing() * 2 + 4);
     }
     l->setBuddy(boxes_[i]);
     grid->addWidget(l, row, 0);

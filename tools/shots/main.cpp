@@ -1,0 +1,68 @@
+// Screenshots of the input screens as the desktop shows them, for looking at
+// a layout in both unit systems without clicking through the program:
+//   xvfb-run marloven-shots INSTALL_DIR OUT_DIR
+// Each screen is built on a fresh project with the office building type chosen.
+#include <QApplication>
+#include <QDir>
+#include <QMenuBar>
+#include <QPixmap>
+#include <QTimer>
+#include <cstdio>
+#include <functional>
+
+#include "project/app_state.h"
+#include "screens/economicsform.h"
+#include "screens/projectinfo.h"
+#include "screens/qt_prompt.h"
+
+using namespace marloven;
+
+namespace {
+
+void save(QWidget* w, const QString& path) {
+  w->show();
+  w->raise();
+  QApplication::processEvents();
+  QApplication::processEvents();
+  if (!w->grab().save(path)) std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+  w->hide();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: marloven-shots INSTALL_DIR OUT_DIR\n");
+    return 2;
+  }
+  const QString out = QString::fromLocal8Bit(argv[2]);
+  QDir().mkpath(out);
+  screens::QtPrompt prompt;
+  for (UnitSystem units : {UnitSystem::IP, UnitSystem::SI}) {
+    const QString tag = units == UnitSystem::IP ? "ip" : "si";
+    AppState state{Installation(argv[1])};
+    state.project.units = units;
+    state.tables.today.year = 2026;
+    {
+      screens::ProjectInfoScreen s(state, prompt);
+      save(&s, out + "/projectinfo-empty-" + tag + ".png");
+      s.logic().chooseBuildingType(24);
+      screens::ProjectInfoScreen filled(state, prompt);
+      filled.logic().chooseBuildingType(24);
+      save(&filled, out + "/projectinfo-" + tag + ".png");
+      filled.accept();
+    }
+    {
+      screens::EconomicsScreen s(state, prompt);
+      save(&s, out + "/economics-" + tag + ".png");
+      state.project.demand.pairCount = 2;
+      state.project.demand.pairs[1] = {"100", "4.50"};
+      state.project.demand.pairs[2] = {"250", "6.75"};
+      s.logic().schedule().fill();
+      screens::DemandChargeDialog d(s.logic().schedule());
+      save(&d, out + "/demandcharge-" + tag + ".png");
+    }
+  }
+  return 0;
+}
