@@ -136,10 +136,10 @@ void EconomicsScreen::build() {
       // The caption's blanks are its layout over two lines.
       l->setWordWrap(true);
       l->setFixedWidth(l->fontMetrics().horizontalAdvance(QStringLiteral("Escalation          :")) * 6 / 5);
-      l->setMinimumHeight(l->fontMetrics().lineSpacing() * 2 + 4);
+      l->setMinimumHeight(l->heightForWidth(l->width()));
     }
     l->setBuddy(boxes_[i]);
-    grid->addWidget(l, row, 0);
+    grid->addWidget(l, row, 0, Qt::AlignRight);
     grid->addWidget(boxes_[i], row, 1);
     grid->addWidget(units_[i], row, 2);
   }

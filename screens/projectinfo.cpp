@@ -26,6 +26,8 @@ ProjectInfoScreen::ProjectInfoScreen(AppState& state, Prompt& prompt, QWidget* p
   build();
   logic_.open();
   refresh();
+  // Box 0 belongs to the Building Type menu; start where typing is welcome.
+  boxes_[kProjectName]->setFocus();
 }
 
 void ProjectInfoScreen::build() {
