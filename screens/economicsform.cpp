@@ -81,31 +81,22 @@ EconomicsScreen::EconomicsScreen(AppState& state, Prompt& prompt, QWidget* paren
 
 void EconomicsScreen::build() {
   auto* bar = new QMenuBar(this);
-  QMenu* life = bar->addMenu(tr("&Econ./Mech./Solar Life"));
-  life->setObjectName("emsLife");
-  for (int i = 0; i < static_cast<int>(EconomicsForm::lifeItems().size()); ++i) {
-    life_[i] = life->addAction(fromBytes(EconomicsForm::lifeItems()[i]));
-    connect(life_[i], &QAction::triggered, this, [this, i] {
-      logic_.chooseLife(i);
-      refresh();
-    });
-  }
-  QMenu* rate = bar->addMenu(tr("Esc./Disc. Rate"));
-  rate->setObjectName("Escdisc");
-  for (int i = 0; i < static_cast<int>(EconomicsForm::rateItems().size()); ++i) {
-    rate_[i] = rate->addAction(fromBytes(EconomicsForm::rateItems()[i]));
-    connect(rate_[i], &QAction::triggered, this, [this, i] {
-      logic_.chooseRate(i);
-      refresh();
-    });
-  }
-  QMenu* help = bar->addMenu(tr("&Help"));
-  help->setObjectName("helpmenu");
-  QAction* tutorial = help->addAction(tr("&Tutorial"));
-  tutorial->setObjectName("tutorial");
-  connect(tutorial, &QAction::triggered, this, [this] {
-    showHelpFile(this, state_.install.dir(), "help3.txt", fromBytes(logic_.tutorialCaption()), prompt_);
-  });
+  // The life and rate menus: each item puts its caption into the last box used.
+  auto valueMenu = [&](const QString& title, const char* name, const std::vector<std::string>& items,
+                       auto actions, void (EconomicsForm::*choose)(int)) {
+    QMenu* m = bar->addMenu(title);
+    m->setObjectName(name);
+    for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+      (*actions)[i] = m->addAction(fromBytes(items[i]));
+      connect((*actions)[i], &QAction::triggered, this, [this, i, choose] {
+        (logic_.*choose)(i);
+        refresh();
+      });
+    }
+  };
+  valueMenu(tr("&Econ./Mech./Solar Life"), "emsLife", EconomicsForm::lifeItems(), &life_, &EconomicsForm::chooseLife);
+  valueMenu(tr("Esc./Disc. Rate"), "Escdisc", EconomicsForm::rateItems(), &rate_, &EconomicsForm::chooseRate);
+  addTutorialMenu(bar, this, state_.install.dir(), "help3.txt", [this] { return logic_.tutorialCaption(); }, prompt_);
 
   auto* frame = new QGroupBox(tr("ECONOMIC PARAMETERS"), this);
   auto* grid = new QGridLayout(frame);

@@ -45,13 +45,7 @@ void ProjectInfoScreen::build() {
     });
     building_[n] = a;
   }
-  QMenu* help = bar->addMenu(tr("&Help"));
-  help->setObjectName("helpmenu");
-  QAction* tutorial = help->addAction(tr("&Tutorial"));
-  tutorial->setObjectName("tutorial");
-  connect(tutorial, &QAction::triggered, this, [this] {
-    showHelpFile(this, state_.install.dir(), "help2.txt", fromBytes(logic_.tutorialCaption()), prompt_);
-  });
+  addTutorialMenu(bar, this, state_.install.dir(), "help2.txt", [this] { return logic_.tutorialCaption(); }, prompt_);
 
   auto* frame = new QGroupBox(tr("General Project Data"), this);
   auto* grid = new QGridLayout(frame);

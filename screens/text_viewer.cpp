@@ -3,6 +3,8 @@
 #include <QCommandLinkButton>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -77,6 +79,17 @@ HelpContents::HelpContents(const std::string& installDir, marloven::Prompt& prom
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   layout->addWidget(buttons);
+}
+
+void addTutorialMenu(QMenuBar* bar, QWidget* owner, const std::string& installDir, const std::string& file,
+                     std::function<std::string()> caption, marloven::Prompt& prompt) {
+  QMenu* help = bar->addMenu(QObject::tr("&Help"));
+  help->setObjectName("helpmenu");
+  QAction* tutorial = help->addAction(QObject::tr("&Tutorial"));
+  tutorial->setObjectName("tutorial");
+  QObject::connect(tutorial, &QAction::triggered, owner, [owner, installDir, file, caption, &prompt] {
+    showHelpFile(owner, installDir, file, fromBytes(caption()), prompt);
+  });
 }
 
 }  // namespace marloven::screens

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <string>
 
 #include "common/prompt.h"
 
+class QMenuBar;
 class QPlainTextEdit;
 
 namespace marloven::screens {
@@ -25,6 +27,11 @@ class TextViewer : public QDialog {
 // Shows a help file of helpinfo/ modally; a missing file gets the error report.
 void showHelpFile(QWidget* parent, const std::string& installDir, const std::string& file,
                   const QString& caption, marloven::Prompt& prompt, bool fixedPitch = true);
+
+// An input screen's Help menu with its one entry, Tutorial, showing a help
+// file under the caption that caption() gives when it is chosen.
+void addTutorialMenu(QMenuBar* bar, QWidget* owner, const std::string& installDir, const std::string& file,
+                     std::function<std::string()> caption, marloven::Prompt& prompt);
 
 // "MARLOVEN 6 Help": three topics, each opening its text.
 class HelpContents : public QDialog {

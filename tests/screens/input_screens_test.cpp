@@ -15,6 +15,7 @@
 #include "screens/economicsform.h"
 #include "screens/mainmenu_window.h"
 #include "screens/projectinfo.h"
+#include "screens/text_viewer.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
@@ -129,6 +130,23 @@ class InputScreensTest : public QObject {
     QVERIFY(f.menu.stepButton(5)->isEnabled());
     QVERIFY(f.menu.stepButton(6)->isEnabled());
     QVERIFY(f.menu.menu(MenuId::Analysis)->menuAction()->isEnabled());
+  }
+
+  void helpTutorialsOpenTheirTexts() {
+    Fixture f;
+    f.tree.write("helpinfo/help2.txt", "Project help\r\n");
+    f.tree.write("helpinfo/help3.txt", "Economics help\r\n");
+    for (auto [step, title] : {std::pair{1, "PROJECT INFORMATION -- New_Project"}, std::pair{3, "ECONOMICS -- New_Project"}}) {
+      QString seen;
+      whenShown<QDialog>([&](QDialog* screen) {
+        whenShown<screens::TextViewer>([&](screens::TextViewer* v) { seen = v->windowTitle(); });
+        screen->findChild<QAction*>("tutorial")->trigger();
+        screen->reject();
+      });
+      QTest::mouseClick(f.menu.stepButton(step), Qt::LeftButton);
+      QCOMPARE(seen, QString(title));
+    }
+    QVERIFY(f.prompt.log.empty());
   }
 
   void stepThreeEditsTheEconomicsAndTheDemandSchedule() {
