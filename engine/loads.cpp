@@ -104,13 +104,8 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           const WindowClass& wc = zm.windows[k];
           windowSky += wc.uaEmissivity * skyLongWave(thetaO, wh.skyIr, m.groups[wc.group].tilt, 1.0);
           const double ct = irr.at(irr.cosIncidence, wc.group, t);
-          double beam = irr.at(irr.beam, wc.group, t);
-          const double sky = irr.at(irr.sky, wc.group, t), gnd = irr.at(irr.ground, wc.group, t);
-          double skyFactor = 1.0;
-          if (wc.overhang > 0) {
-            beam *= overhangBeam(wc.overhang, wc.height, wc.gapHeight, irr.at(irr.tanProfile, wc.group, t));
-            skyFactor = projectionSkyFactor(wc.overhang);
-          }
+          const WindowIrradiance wi = windowIrradiance(wc, irr, t);
+          const double beam = wi.beam, sky = wi.sky, gnd = wi.ground;
           double attenuation = 1.0;
           const bool inSeason = wc.season == 'B' || (wc.season == 'S') == summer[day.month];
           if (inSeason && beam + sky + gnd > kDeviceThreshold) {
@@ -121,7 +116,7 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           // Beam lands on the floor; what it reflects joins the diffuse light, a
           // share of which leaves again through the glazing.
           if (dl.on) beamLight += dl.beamPlane[k] * beam;
-          const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky * skyFactor + gnd);
+          const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky + gnd);
           solar += wc.areaShgc * attenuation *
                    (beamIn * (1.0 - zm.solarEscape * (1.0 - kInteriorAbsorptance)) + diffuseIn * (1.0 - zm.solarEscape));
         }
