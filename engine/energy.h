@@ -34,6 +34,7 @@ struct ZoneHourRecord {
   float lightsFullW = 0;    // lighting the profile asks for
   float equipmentW = 0;
   float ventFraction = 0;   // the Vent profile this hour
+  float zoneOutsideAir = 0; // cfm a running fan brought into the floating zone; its coils idle
   float people = 0;         // people present
 };
 

@@ -28,9 +28,15 @@ double obstructionBeam(double f, double tanOmega) {
   return tanOmega < f / std::sqrt(1.0 - f * f) ? 0.0 : 1.0;
 }
 
-double projectionSkyFactor(double p) {
+double finSkyFactor(double p) {
   if (p <= 0) return 1.0;
   return 1.0 - 0.5 * (1.0 + p - std::sqrt(1.0 + p * p));
+}
+
+double overhangSkyFactor(double p, double hw, double gap) {
+  if (p <= 0 || hw <= 0) return 1.0;
+  const double top = hw + gap, depth = p * top;
+  return (std::hypot(top, depth) - std::hypot(gap, depth)) / hw;
 }
 
 double angularShgc(double c) {
@@ -90,11 +96,20 @@ GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, c
       r.tanProfile[i] = tanOmega;
       const double beamFactor = finRightBeam(og.finRight, gamma) * finLeftBeam(og.finLeft, gamma) *
                                 obstructionBeam(og.obstruction, tanOmega);
-      const double skyFactor = projectionSkyFactor(og.finRight) * projectionSkyFactor(og.finLeft) *
+      const double skyFactor = finSkyFactor(og.finRight) * finSkyFactor(og.finLeft) *
                                (1.0 - og.obstruction);
       r.beam[i] = ct > 0 ? wh.directN * ct * beamFactor : 0.0;
       r.sky[i] = perezSkyDiffuse(wh.diffuseH, pc, ct, cosZ, og.tilt) * skyFactor;
     }
+  }
+  return r;
+}
+
+WindowIrradiance windowIrradiance(const WindowClass& wc, const GroupIrradiance& irr, int t) {
+  WindowIrradiance r{irr.at(irr.beam, wc.group, t), irr.at(irr.sky, wc.group, t), irr.at(irr.ground, wc.group, t)};
+  if (wc.overhang > 0) {
+    r.beam *= overhangBeam(wc.overhang, wc.height, wc.gapHeight, irr.at(irr.tanProfile, wc.group, t));
+    r.sky *= overhangSkyFactor(wc.overhang, wc.height, wc.gapHeight);
   }
   return r;
 }

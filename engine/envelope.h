@@ -18,8 +18,13 @@ double finLeftBeam(double p, double gamma);
 double overhangBeam(double p, double windowHeight, double gap, double tanProfile);
 // Beam factor of a far obstruction of elevation sine f.
 double obstructionBeam(double f, double tanProfile);
-// Sky diffuse factor of a fin or overhang of depth ratio p.
-double projectionSkyFactor(double p);
+// Sky diffuse factor of a fin of depth ratio p: the view-factor loss of a
+// semi-infinite fin averaged over the window width (it hides sky and ground alike).
+double finSkyFactor(double p);
+// Sky diffuse factor of an overhang: a point at depth z below it sees the sky
+// up to atan(z/D), a share z/√(z² + D²) of a free wall's sky, averaged over the
+// window from z = gap to z = gap + window height. The ground stays in view.
+double overhangSkyFactor(double p, double windowHeight, double gap);
 // Normalised angular SHGC of clear double glazing at incidence cosine c.
 double angularShgc(double cosIncidence);
 
@@ -33,6 +38,13 @@ struct GroupIrradiance {
   double at(const std::vector<double>& v, int g, int h) const { return v[static_cast<std::size_t>(g) * hours + h]; }
 };
 GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, const WeatherYear& w);
+
+// What reaches the glazing of a window class in one hour: its group's
+// irradiance with the overhang's beam and sky factors (Btu/ft²·h).
+struct WindowIrradiance {
+  double beam = 0, sky = 0, ground = 0;
+};
+WindowIrradiance windowIrradiance(const WindowClass& wc, const GroupIrradiance& irr, int hour);
 
 // Exterior surface coefficient, convective and radiative (Btu/h·ft²·°F), at a
 // wind speed in mph.

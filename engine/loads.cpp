@@ -104,13 +104,8 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           const WindowClass& wc = zm.windows[k];
           windowSky += wc.uaEmissivity * skyLongWave(thetaO, wh.skyIr, m.groups[wc.group].tilt, 1.0);
           const double ct = irr.at(irr.cosIncidence, wc.group, t);
-          double beam = irr.at(irr.beam, wc.group, t);
-          const double sky = irr.at(irr.sky, wc.group, t), gnd = irr.at(irr.ground, wc.group, t);
-          double skyFactor = 1.0;
-          if (wc.overhang > 0) {
-            beam *= overhangBeam(wc.overhang, wc.height, wc.gapHeight, irr.at(irr.tanProfile, wc.group, t));
-            skyFactor = projectionSkyFactor(wc.overhang);
-          }
+          const WindowIrradiance wi = windowIrradiance(wc, irr, t);
+          const double beam = wi.beam, sky = wi.sky, gnd = wi.ground;
           double attenuation = 1.0;
           const bool inSeason = wc.season == 'B' || (wc.season == 'S') == summer[day.month];
           if (inSeason && beam + sky + gnd > kDeviceThreshold) {
@@ -121,7 +116,7 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           // Beam lands on the floor; what it reflects joins the diffuse light, a
           // share of which leaves again through the glazing.
           if (dl.on) beamLight += dl.beamPlane[k] * beam;
-          const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky * skyFactor + gnd);
+          const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky + gnd);
           solar += wc.areaShgc * attenuation *
                    (beamIn * (1.0 - zm.solarEscape * (1.0 - kInteriorAbsorptance)) + diffuseIn * (1.0 - zm.solarEscape));
         }
@@ -148,20 +143,37 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
 
         const ZoneHour zh(nets[z], in, state[z].thetaM);
         const double hInf = cpAir * zm.infiltrationCfm;
+        // Outside air flows while the fan runs. Constant-volume and VAV fans run
+        // the whole hour while the Vent profile is on, so a zone that floats
+        // takes that air in (night ventilation); the other fans run only with a load.
+        const double oaCfm = passive ? 0.0 : zm.outsideAirCfm * fVent;
+        const bool fanRunsAllHour = oaCfm > 0 && zm.coolType <= 5;
+        const double hOa = fanRunsAllHour ? cpAir * oaCfm : 0.0;
         double hNv = 0, phi = 0;
-        const double free = zh.airTemperature(hInf, 0.0);
+        bool held = false;
+        double setPoint = 0;
+        const double free = zh.airTemperature(hInf + hOa, 0.0);
         if (free < low) {
-          if (!passive) phi = zh.powerFor(hInf, low);
+          held = !passive;
+          setPoint = low;
         } else if (free > up) {
           const bool windowsOpen = zm.naturalVent && zm.naturalVentMaxCfm > 0 && thetaO < up &&
                                    thetaO >= comfortLowF && thetaO <= comfortHighF;
           if (windowsOpen) {
-            const double need = zh.ventilationFor(hInf, up), most = cpAir * zm.naturalVentMaxCfm;
+            const double need = zh.ventilationFor(hInf + hOa, up), most = cpAir * zm.naturalVentMaxCfm;
             hNv = std::clamp(need, 0.0, most);
           }
-          if (!passive && zh.airTemperature(hInf + hNv, 0.0) > up) phi = zh.powerFor(hInf + hNv, up);
+          held = !passive && zh.airTemperature(hInf + hOa + hNv, 0.0) > up;
+          setPoint = up;
         }
-        const ZoneHour::Result r = zh.finish(hInf + hNv, phi);
+        // A zone held at a set-point takes the outside air at the coil: with the
+        // air node at the set-point the zone's nodes and the energy are the same
+        // as with that air in the zone. A floating zone takes it in.
+        const double hZoneOa = held ? 0.0 : hOa;
+        const double coilOaCfm = held ? oaCfm : 0.0;
+        const double deliveredOaCfm = held || fanRunsAllHour ? oaCfm : 0.0;
+        if (held) phi = zh.powerFor(hInf + hNv, setPoint);
+        const ZoneHour::Result r = zh.finish(hInf + hNv + hZoneOa, phi);
         ZoneState& st = state[z];
         st.thetaM = r.thetaMNew;
 
@@ -173,9 +185,8 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         lr.rows[kLightsEquipment] = lights + equip;
         lr.rows[kPeopleSensible] = peopleSens;
         lr.rows[kInfiltrationSensible] = hInf * (thetaO - r.thetaA);
-        const double oaCfm = passive ? 0.0 : zm.outsideAirCfm * fVent;
-        const double oaSensible = cpAir * oaCfm * (thetaO - r.thetaA);
-        lr.rows[kVentilationSensible] = hNv * (thetaO - r.thetaA) + oaSensible;
+        const double oaSensible = cpAir * coilOaCfm * (thetaO - r.thetaA);
+        lr.rows[kVentilationSensible] = (hNv + hZoneOa) * (thetaO - r.thetaA) + oaSensible;
         lr.rows[kMassEffect] = -r.storage;
         double sum = 0, scale = std::fabs(phi);
         for (double v : lr.rows) sum += v, scale = std::max(scale, std::fabs(v));
@@ -189,12 +200,12 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           st.w = humidityRatioFromRh(up, 0.5, wh.pressure);
           lr.rows[kPeopleLatent] = peopleLat;
           lr.rows[kInfiltrationLatent] = latentAir * zm.infiltrationCfm * (wOut - st.w);
-          lr.rows[kVentilationLatent] = latentAir * (nvCfm + oaCfm) * (wOut - st.w);
+          lr.rows[kVentilationLatent] = latentAir * (nvCfm + coilOaCfm) * (wOut - st.w);
           lr.total = load + lr.rows[kPeopleLatent] + lr.rows[kInfiltrationLatent] + lr.rows[kVentilationLatent];
         } else {
           const double rho = 0.075 * pr;
           const double mass = 5.0 * rho * zm.volume;
-          const double flow = 60.0 * rho * (zm.infiltrationCfm + nvCfm + oaCfm);
+          const double flow = 60.0 * rho * (zm.infiltrationCfm + nvCfm + deliveredOaCfm);
           st.w = (mass * st.w + flow * wOut + peopleLat / 1061.0) / (mass + flow);
           lr.total = load;
         }
@@ -209,6 +220,7 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         rec.lightsFullW = static_cast<float>(lightsFullW);
         rec.equipmentW = static_cast<float>(zm.equipmentW * fLite);
         rec.ventFraction = static_cast<float>(fVent);
+        rec.zoneOutsideAir = static_cast<float>(hZoneOa > 0 ? oaCfm : 0.0);
         rec.people = static_cast<float>(zm.people * fOcc);
         res.zoneHours.push_back(rec);
         ZoneLoads& zl = res.zones[z];

@@ -183,6 +183,12 @@ CoilHour airSide(const ZoneModel& z, const ZoneSize& s, const ZoneHourRecord& r,
   const double minimumOa = ventOn ? s.outsideAir * r.ventFraction : 0.0;
   const double tc = coldDeckTemperature(type);
   const double fanHeatFull = s.fanKw * kBtuPerKwh;
+  if (r.zoneOutsideAir > 0) {
+    // The zone floated with the outside air in it: the fan runs (VAV at its
+    // minimum flow), the mixed air goes in as it is, the coils are idle.
+    c.fanKw = type == 1 && s.supply > 0 ? s.fanKw * vavFanFraction(0.3) : s.fanKw;
+    return c;
+  }
   // What the cooling equipment can give this hour: DX units lose capacity in the heat.
   const double coolCap = type >= 5 && type <= 8 ? dxCapacity(s.coolCap, o.t) : s.coolCap;
   // Evaporative heating and the fans of small units cycle with the load;

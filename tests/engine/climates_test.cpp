@@ -19,6 +19,7 @@ using namespace tarn;
 
 struct Use {
   double siteKbtuPerFt2 = 0, heatingKbtu = 0, coolingKwh = 0;
+  MonthEnergy year;  // annual sums by end use
 };
 
 Use runOffice(const std::string& city, const std::string& epw) {
@@ -38,6 +39,14 @@ Use runOffice(const std::string& city, const std::string& epw) {
     u.siteKbtuPerFt2 += (m.totalKwh() * kBtuPerKwh / 1000.0 + m.spaceGasKbtu + m.waterGasKbtu) / area;
     u.heatingKbtu += m.spaceGasKbtu + m.heatingElecKwh * kBtuPerKwh / 1000.0;
     u.coolingKwh += m.coolingKwh;
+    u.year.lightsKwh += m.lightsKwh;
+    u.year.equipmentKwh += m.equipmentKwh;
+    u.year.fansKwh += m.fansKwh;
+    u.year.coolingKwh += m.coolingKwh;
+    u.year.heatingElecKwh += m.heatingElecKwh;
+    u.year.waterHeatElecKwh += m.waterHeatElecKwh;
+    u.year.spaceGasKbtu += m.spaceGasKbtu;
+    u.year.waterGasKbtu += m.waterGasKbtu;
   }
   return u;
 }
@@ -61,8 +70,10 @@ TEST(OfficeClimates, EnergyUseIntensityInThePublishedRange) {
     EXPECT_GT(u.siteKbtuPerFt2, 30.0) << name;
     EXPECT_LT(u.siteKbtuPerFt2, 80.0) << name;
     if (std::getenv("TARN_PRINT_CASES"))
-      std::printf("%s EUI %.1f kBtu/ft2, heating %.0f kBtu, cooling %.0f kWh\n", name, u.siteKbtuPerFt2, u.heatingKbtu,
-                  u.coolingKwh);
+      std::printf("%s EUI %.2f kBtu/ft2: lights %.0f, equipment %.0f, fans %.0f, cooling %.0f, heating elec %.0f, "
+                  "water heat elec %.0f kWh; space gas %.0f, water gas %.0f kBtu\n",
+                  name, u.siteKbtuPerFt2, u.year.lightsKwh, u.year.equipmentKwh, u.year.fansKwh, u.year.coolingKwh,
+                  u.year.heatingElecKwh, u.year.waterHeatElecKwh, u.year.spaceGasKbtu, u.year.waterGasKbtu);
   }
   EXPECT_GT(cold.heatingKbtu, 1.4 * mixed.heatingKbtu);  // heating degree days 7,600 against 4,600
   EXPECT_GT(mixed.heatingKbtu, 3.0 * hot.heatingKbtu);

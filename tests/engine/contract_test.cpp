@@ -149,24 +149,32 @@ TEST(Contract, SimulatedRunReportsAClosedLoadTable) {
 }
 
 // The twelve categories add up to the zone's load every hour (to rounding)
-// and to the total every month.
+// and to the total every month: the standard room, and an office whose
+// outside air goes to the coil in some hours and into the zone in others,
+// with windows opened beside it.
 TEST(Attribution, CategoriesCloseEveryHourAndMonth) {
-  ScratchDir d;
-  d.put("ecalc$.inp", fixture("case600.inp"));
-  d.put("ecalc$.tmp", simulatedControl(3));
-  RunLog log;
-  const LoadsResult r = simulate(d.path(), log).value().loads;
-  EXPECT_LT(r.balanceError, 1e-9);
-  for (int m = 0; m < 12; ++m)
-    for (const LoadRows* rows : {&r.monthHeating[m], &r.monthCooling[m]}) {
-      double sum = 0;
-      for (double v : rows->rows) sum += v;
-      EXPECT_NEAR(sum, rows->total, 1e-3 * std::fabs(rows->total) + 1e-6) << "month " << m + 1;
-    }
-  EXPECT_LT(r.annualHeating().total, 0.0);
-  EXPECT_GT(r.annualCooling().total, 0.0);
-  EXPECT_EQ(r.annualHeating().rows[kPeopleLatent], 0.0);
-  EXPECT_TRUE(r.peakHeating.any && r.peakCooling.any);
+  std::string office = marloven::readFile(std::string(TARN_FIXTURES) + "/office/office_two_zones.inp");
+  for (const auto& [from, to] : {std::pair{"Nat. Vent No", "Nat. Vent Yes"}, {"CFM/sqft. 0", "CFM/sqft. 1"}})
+    for (std::size_t at = office.find(from); at != std::string::npos; at = office.find(from, at))
+      office.replace(at, std::string(from).size(), to);
+  for (const std::string& project : {fixture("case600.inp"), office}) {
+    ScratchDir d;
+    d.put("ecalc$.inp", project);
+    d.put("ecalc$.tmp", simulatedControl(3));
+    RunLog log;
+    const LoadsResult r = simulate(d.path(), log).value().loads;
+    EXPECT_LT(r.balanceError, 1e-9);
+    for (int m = 0; m < 12; ++m)
+      for (const LoadRows* rows : {&r.monthHeating[m], &r.monthCooling[m]}) {
+        double sum = 0;
+        for (double v : rows->rows) sum += v;
+        EXPECT_NEAR(sum, rows->total, 1e-3 * std::fabs(rows->total) + 1e-6) << "month " << m + 1;
+      }
+    EXPECT_LT(r.annualHeating().total, 0.0);
+    EXPECT_GT(r.annualCooling().total, 0.0);
+    EXPECT_EQ(r.annualHeating().rows[kPeopleLatent], 0.0);
+    EXPECT_TRUE(r.peakHeating.any && r.peakCooling.any);
+  }
 }
 
 // The standard lightweight and heavyweight cases on the recorded Denver year.

@@ -68,8 +68,77 @@ TEST(Envelope, ShadingFactorsAtKnownAngles) {
   // A far obstruction at 30° elevation blocks a sun lower than that.
   EXPECT_DOUBLE_EQ(obstructionBeam(0.5, std::tan(20 * kDeg)), 0.0);
   EXPECT_DOUBLE_EQ(obstructionBeam(0.5, std::tan(40 * kDeg)), 1.0);
-  EXPECT_DOUBLE_EQ(projectionSkyFactor(0.0), 1.0);
-  EXPECT_NEAR(projectionSkyFactor(1.0), 1.0 - 0.5 * (2.0 - std::sqrt(2.0)), 1e-12);
+  EXPECT_DOUBLE_EQ(finSkyFactor(0.0), 1.0);
+  EXPECT_NEAR(finSkyFactor(1.0), 1.0 - 0.5 * (2.0 - std::sqrt(2.0)), 1e-12);
+  // However deep, a fin leaves the half of the sky on its other side.
+  EXPECT_NEAR(finSkyFactor(1e6), 0.5, 1e-6);
+}
+
+// The overhang's sky factor: the share z/√(z² + D²) of the sky seen at depth z
+// below it, averaged over the window.
+TEST(Envelope, OverhangSkyFactorAgainstTheClosedForm) {
+  // No projection: the whole sky.
+  EXPECT_DOUBLE_EQ(overhangSkyFactor(0.0, 4.0, 1.0), 1.0);
+  EXPECT_NEAR(overhangSkyFactor(1e-9, 4.0, 0.0), 1.0, 1e-8);
+  // By hand. Flush with a 4 ft window, D = 3 ft (p = 0.75): (√(4² + 3²) − √(0 + 3²))/4 = (5 − 3)/4.
+  EXPECT_NEAR(overhangSkyFactor(0.75, 4.0, 0.0), 0.5, 1e-12);
+  // A 4 ft window 5 ft below a 12 ft deep overhang (H = 9, p = 12/9): (√(81 + 144) − √(25 + 144))/4 = (15 − 13)/4.
+  EXPECT_NEAR(overhangSkyFactor(12.0 / 9.0, 4.0, 5.0), 0.5, 1e-12);
+  // The same average taken numerically, at a geometry with no round numbers.
+  const double hw = 4.6, gap = 1.3, p = 0.45, depth = p * (hw + gap);
+  double mean = 0;
+  const int n = 20000;
+  for (int i = 0; i < n; ++i) {
+    const double z = gap + (i + 0.5) * hw / n;
+    mean += z / std::hypot(z, depth) / n;
+  }
+  EXPECT_NEAR(overhangSkyFactor(p, hw, gap), mean, 1e-8);
+  // Deeper hides more, and without end hides all of it (as (H² − g²)/(2·D·h_w)).
+  double last = 1.0;
+  for (double q : {0.1, 0.5, 1.0, 3.0, 10.0, 100.0}) {
+    const double f = overhangSkyFactor(q, hw, gap);
+    EXPECT_LT(f, last) << q;
+    last = f;
+  }
+  const double big = 1e4, top = hw + gap;
+  EXPECT_NEAR(overhangSkyFactor(big, hw, gap), (top * top - gap * gap) / (2.0 * big * top * hw), 1e-9);
+  EXPECT_LT(overhangSkyFactor(big, hw, gap), 1e-3);
+  // A gap above the window lets more sky in than an overhang of the same depth at its top.
+  EXPECT_GT(overhangSkyFactor(3.0 / 6.0, 4.0, 2.0), overhangSkyFactor(3.0 / 4.0, 4.0, 0.0));
+}
+
+// What reaches a window under an overhang: beam and sky shaded, the light
+// reflected by the ground in front as it comes.
+TEST(Envelope, OverhangLeavesTheGroundReflectedLight) {
+  GroupIrradiance irr;
+  irr.groups = 1;
+  irr.hours = 2;
+  irr.beam = {120.0, 0.0};
+  irr.sky = {40.0, 35.0};
+  irr.ground = {25.0, 18.0};
+  irr.cosIncidence = {0.6, 0.0};
+  irr.tanProfile = {1.0, 0.0};
+  WindowClass open;
+  open.height = 4.0;
+  const WindowIrradiance free = windowIrradiance(open, irr, 0);
+  EXPECT_DOUBLE_EQ(free.beam, 120.0);
+  EXPECT_DOUBLE_EQ(free.sky, 40.0);
+  EXPECT_DOUBLE_EQ(free.ground, 25.0);
+
+  WindowClass shaded = open;
+  shaded.overhang = 0.5;  // flush, D = 2 ft over 4 ft: half the window in shade at a 45° profile
+  const WindowIrradiance s = windowIrradiance(shaded, irr, 0);
+  EXPECT_NEAR(s.beam, 60.0, 1e-9);
+  EXPECT_NEAR(s.sky, 40.0 * (std::hypot(4.0, 2.0) - 2.0) / 4.0, 1e-9);
+  EXPECT_DOUBLE_EQ(s.ground, 25.0);
+
+  shaded.overhang = 1e4;  // a canopy: no sky, no sun, only the ground
+  for (int t = 0; t < 2; ++t) {
+    const WindowIrradiance c = windowIrradiance(shaded, irr, t);
+    EXPECT_DOUBLE_EQ(c.beam, 0.0);
+    EXPECT_LT(c.sky, 1e-3 * irr.sky[t]);
+    EXPECT_DOUBLE_EQ(c.ground, irr.ground[t]);
+  }
 }
 
 TEST(Envelope, AngularResponseAndTokens) {

@@ -217,6 +217,29 @@ TEST(SystemsRun, ReheatAndHotDeckMixingLosses) {
   }
 }
 
+// A zone that floated with the outside air in it: the fan runs, the coils
+// stay idle. The same hour with the air left to the coil tempers it to the room.
+TEST(SystemsRun, OutsideAirTakenInByAFloatingZoneLeavesTheCoilsIdle) {
+  for (int type : {1, 5}) {
+    SystemsCase inZone(type, 1, 40), atCoil(type, 1, 40);
+    for (SystemsCase* r : {&inZone, &atCoil}) {
+      r->zone().oaRate = 20;
+      r->zone().outsideAirCfm = 200;
+      r->hour(1, 14, 30000, 78);
+      r->hour(2, 3, 0, 66);
+    }
+    inZone.loads.zoneHours.back().zoneOutsideAir = 200;
+    const EnergyResult e = inZone.run(), c = atCoil.run();
+    const HourEnergy& night = e.energy[1];
+    EXPECT_DOUBLE_EQ(night.heatingLoad, 0.0) << type;
+    EXPECT_DOUBLE_EQ(night.coolingLoad, 0.0) << type;
+    EXPECT_DOUBLE_EQ(e.zones[0].mixingLossKbtu, 0.0) << type;
+    const double fan = type == 1 ? vavFanFraction(0.3) * e.zones[0].fanKw : e.zones[0].fanKw;
+    EXPECT_NEAR(night.fans, fan, 1e-12) << type;
+    EXPECT_GT(c.energy[1].heatingLoad, 1.0) << type;
+  }
+}
+
 TEST(SystemsRun, EvaporativeCoolerFallsShortInHumidAir) {
   SystemsCase dry(9, 1, 95, 40), humid(9, 1, 95, 80);
   for (SystemsCase* r : {&dry, &humid}) {

@@ -56,3 +56,28 @@ TEST(Zone, NaturalVentilationHoldsTheUpperSetPointExactly) {
   EXPECT_GT(extra, 0.0);
   EXPECT_NEAR(zh.airTemperature(20.0 + extra, 0.0), 78.0, 1e-9);
 }
+
+// Outside air held at a set-point: taken at the coil or let into the zone, the
+// zone's nodes end the same and the energy differs by the coil's share only.
+TEST(Zone, OutsideAirAtTheCoilOrInTheZoneAtASetPoint) {
+  ZoneNetwork net{1400.0, 2000.0, 1500.0};
+  HourInputs in;
+  in.thetaO = 20.0;
+  in.hX = 120.0;
+  in.hXThetaX = 120.0 * 15.0;
+  in.phiIa = 900.0;
+  in.phiSt = 400.0;
+  in.phiM = 700.0;
+  const double hInf = 35.0, hOa = 400.0;
+  const ZoneHour zh(net, in, 64.0);
+  for (double setPoint : {68.0, 75.0}) {
+    const double inZone = zh.powerFor(hInf + hOa, setPoint), zoneOnly = zh.powerFor(hInf, setPoint);
+    EXPECT_NEAR(inZone, zoneOnly + hOa * (setPoint - in.thetaO), 1e-9 * std::fabs(inZone));
+    const ZoneHour::Result a = zh.finish(hInf + hOa, inZone), b = zh.finish(hInf, zoneOnly);
+    EXPECT_NEAR(a.thetaA, b.thetaA, 1e-9);
+    EXPECT_NEAR(a.thetaS, b.thetaS, 1e-9);
+    EXPECT_NEAR(a.thetaMNew, b.thetaMNew, 1e-9);
+  }
+  // Floating, the same air cools the zone and its mass.
+  EXPECT_LT(zh.finish(hInf + hOa, 0.0).thetaMNew, zh.finish(hInf, 0.0).thetaMNew);
+}
