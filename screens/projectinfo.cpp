@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -122,17 +121,10 @@ void ProjectInfoScreen::build() {
   buttons->addWidget(cancel_);
   buttons->addWidget(undo_);
   buttons->addStretch(1);
-  auto* side = new QVBoxLayout;
-  side->addWidget(hint, 1);
-  auto* right = new QHBoxLayout;
-  right->addLayout(side, 1);
-  right->addLayout(buttons);
-  auto* rightBox = new QVBoxLayout;
-  rightBox->addLayout(right, 1);
-
   auto* body = new QHBoxLayout;
   body->addWidget(frame, 1);
-  body->addLayout(rightBox);
+  body->addWidget(hint);
+  body->addLayout(buttons);
   auto* layout = new QVBoxLayout(this);
   layout->setMenuBar(bar);
   layout->addLayout(body);
