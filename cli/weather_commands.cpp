@@ -29,16 +29,13 @@ int weatherImport(Context& c, const std::vector<std::string>& a) {
   const std::string database = weatherDatabasePath(c.installDir);
   try {
     const EpwStatistics stats = readEpw(readFile(file));
-    if (group.empty()) group = defaultWeatherGroup(stats.site);
-    if (city.empty()) city = stats.site.city;
-    const WeatherFields fields = fieldsFromEpw(stats, group, city);
-    if (findLocation(readRecordHeadsFile(database), fields.city, fields.state)) {
+    WeatherFields fields;
+    int record = 0;
+    if (!importWeatherRecord(database, stats, group, city, fields, record)) {
       c.err << "weather import: " << database << " already has " << fields.city << ", " << fields.state
             << "; give another name with --city\n";
       return 1;
     }
-    int record = 0;
-    saveAsNew(database, fields, UnitSystem::IP, true, &record);
     c.out << "record " << record << ": " << fields.city << ", " << fields.state << "\n";
     return 0;
   } catch (const WeatherImportError& e) {

@@ -43,6 +43,15 @@ struct ResultsChoice {
   int index = 0;
 };
 
+// A recorded weather file chosen for the run instead of weather made from the
+// monthly statistics.
+struct RecordedWeather {
+  int format = 0;  // 1 TMY2, 2 WYEC2, 3 Custom, 4 IWEC; 0 none chosen
+  std::string path;
+  bool fileChosen = false;    // a file was prepared for the run
+  bool previewShown = false;  // the preview is up and its OK will copy the file
+};
+
 struct AppState {
   AppState() = default;
   explicit AppState(Installation where) : install(std::move(where)) {}
@@ -59,6 +68,7 @@ struct AppState {
   // Economics: the box last clicked or typed in; the life and rate menus fill
   // it, Undo Last starts there.
   int lastEconomicsBox = 0;
+  RecordedWeather recorded;
   ZoneListGrid zoneList;
   ResultsChoice results;
 };

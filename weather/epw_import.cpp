@@ -234,4 +234,13 @@ WeatherFields fieldsFromEpw(const EpwStatistics& s, const std::string& group, co
   return f;
 }
 
+bool importWeatherRecord(const std::string& path, const EpwStatistics& s, const std::string& group,
+                         const std::string& city, WeatherFields& fields, int& record) {
+  fields = fieldsFromEpw(s, group.empty() ? defaultWeatherGroup(s.site) : group,
+                         city.empty() ? s.site.city : city);
+  if (findLocation(readRecordHeadsFile(path), fields.city, fields.state)) return false;
+  saveAsNew(path, fields, UnitSystem::IP, true, &record);
+  return true;
+}
+
 }  // namespace marloven

@@ -50,4 +50,10 @@ std::string defaultWeatherGroup(const EpwSite& site);
 // cannot hold (a comma, a quote, a mark in the group, an empty name).
 WeatherFields fieldsFromEpw(const EpwStatistics& s, const std::string& group, const std::string& city);
 
+// Adds the record of the statistics to the database at path as Save As New
+// does (I-P). False, and nothing written, when the database already has a
+// place of that city and group. fields gets the record as written.
+bool importWeatherRecord(const std::string& path, const EpwStatistics& s, const std::string& group,
+                         const std::string& city, WeatherFields& fields, int& record);
+
 }  // namespace marloven

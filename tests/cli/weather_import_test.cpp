@@ -8,7 +8,11 @@
 #include "run_cli.h"
 #include "common/text_lines.h"
 #include "support/temp_install.h"
+#include "common/file_io.h"
+#include "support/fake_prompt.h"
+#include "weather/epw_import.h"
 #include "weather/weather_database.h"
+#include "weather/weather_form.h"
 
 namespace marloven::testing {
 namespace {
@@ -71,6 +75,46 @@ TEST(WeatherImport, BadInputGivesAMessageAndLeavesTheDatabase) {
   r = runCli({"--install", inst.dir(), "weather", "import", "a.epw", "--group"});
   EXPECT_EQ(r.status, 2);
   EXPECT_EQ(inst.read("weather/weth.asc"), "");
+}
+
+// The weather screen's import gives the record the command line gives, for a
+// U.S. file, one of another country and one of the international typical years.
+TEST(WeatherImport, TheScreenAddsTheSameRecordAsTheCommandLine) {
+  const std::string dir = std::string(RECORDED_WEATHER_DIR) + "/recorded/";
+  const std::vector<std::string> files = {"USA_AK_Fairbanks.Intl.AP.702610_TMY3.epw",
+                                          "FRA_AR_Lyon-Bron.AP.074800_TMYx.2004-2018.epw",
+                                          "BLZ_Belize.785830_SWERA.epw"};
+  if (!fileExists(dir + files[0])) GTEST_SKIP() << "recorded weather not found in " << dir;
+  TempInstall byCli, byScreen;
+  FakePrompt prompt;
+  AppState state{Installation(byScreen.dir())};
+  state.project.units = UnitSystem::SI;  // the database stays I-P whatever the screen shows
+  WeatherForm form(state, prompt);
+  form.open();
+  for (const std::string& f : files) {
+    const Result r = runCli({"--install", byCli.dir(), "weather", "import", dir + f});
+    ASSERT_EQ(r.status, 0) << r.err;
+    const EpwStatistics stats = readEpw(readFile(dir + f));
+    prompt.inputs = {defaultWeatherGroup(stats.site), stats.site.city};  // the names as proposed
+    ASSERT_TRUE(form.importRecorded(stats)) << f;
+    EXPECT_EQ(form.text({WeatherBox::City}), stats.site.city.substr(0, form.text({WeatherBox::City}).size()));
+    EXPECT_FALSE(form.fields().rows[kDryBulbAverage][0].empty());
+  }
+  EXPECT_EQ(byScreen.read("weather/weth.asc"), byCli.read("weather/weth.asc"));
+  EXPECT_TRUE(prompt.log.size() == 2 * files.size()) << "only the two name questions";
+
+  // The same place again is refused with a message and nothing written.
+  const std::string before = byScreen.read("weather/weth.asc");
+  const EpwStatistics again = readEpw(readFile(dir + files[0]));
+  prompt.inputs = {defaultWeatherGroup(again.site), again.site.city};
+  EXPECT_FALSE(form.importRecorded(again));
+  EXPECT_EQ(prompt.log.back().title, "Import Recorded Weather");
+  EXPECT_NE(prompt.log.back().text.find("already has"), std::string::npos);
+  EXPECT_EQ(byScreen.read("weather/weth.asc"), before);
+  // Cancelled at the first question: nothing asked further, nothing written.
+  prompt.inputs = {std::nullopt};
+  EXPECT_FALSE(form.importRecorded(again));
+  EXPECT_EQ(byScreen.read("weather/weth.asc"), before);
 }
 
 }  // namespace
