@@ -157,4 +157,6 @@ void ProjectInfoForm::clickUndo() {
 
 void ProjectInfoForm::clickGetWeather() { state_.project.flags.weatherRereadPending = true; }
 
+void ProjectInfoForm::weatherApplied() { boxes_[kLocation] = state_.project.data[kLocation]; }
+
 }  // namespace marloven

@@ -59,6 +59,8 @@ class ProjectInfoForm {
   void clickUndo();
   // Get Weather: the weather screen is to re-read the project when it returns.
   void clickGetWeather();
+  // The weather screen gave the project its location: the box shows it.
+  void weatherApplied();
 
  private:
   void fillBoxes();

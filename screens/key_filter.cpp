@@ -43,6 +43,9 @@ bool BoxFilter::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyRelease:
       if (h_.released && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) h_.released();
       return false;
+    case QEvent::FocusOut:
+      if (h_.left) h_.left();
+      return false;
     case QEvent::MouseButtonPress:
       if (h_.clicked) h_.clicked();
       return false;

@@ -27,6 +27,7 @@ class BoxFilter : public QObject {
     std::function<void()> clicked;   // optional
     std::function<void()> enter;
     std::function<void()> escape;
+    std::function<void()> left;      // optional: focus went elsewhere
   };
 
   BoxFilter(QLineEdit* box, Handlers h);

@@ -17,6 +17,7 @@
 #include "screens/drawform.h"
 #include "screens/economicsform.h"
 #include "screens/projectinfo.h"
+#include "screens/weatherform.h"
 #include "screens/project_file_dialog.h"
 #include "screens/step_icons.h"
 #include "screens/text_codec.h"
@@ -150,6 +151,11 @@ void MainMenuWindow::wireCommands() {
     ProjectInfoScreen form(state_, prompt_, this);
     form.exec();
     logic_.inputAccepted();
+    refresh();
+  };
+  stepHandlers_[2] = [this] {
+    WeatherScreen form(state_, prompt_, this);
+    form.exec();
     refresh();
   };
   stepHandlers_[3] = [this] {

@@ -16,6 +16,7 @@
 #include "screens/key_filter.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
+#include "screens/weatherform.h"
 
 namespace marloven::screens {
 
@@ -84,9 +85,10 @@ void ProjectInfoScreen::build() {
   grid->setColumnStretch(1, 1);
   connect(weather_, &QPushButton::clicked, this, [this] {
     logic_.clickGetWeather();
-    prompt_.message(Icon::Information, "Get Weather",
-                    "The weather screen is not available yet. Choose the weather from step 2 "
-                    "of the main screen once it is.");
+    WeatherScreen w(state_, prompt_, this);
+    w.exec();
+    if (w.logic().projectInfoLocationChanged()) logic_.weatherApplied();
+    refresh();
   });
 
   auto* hint = new QPlainTextEdit(this);

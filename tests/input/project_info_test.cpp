@@ -228,8 +228,12 @@ TEST(ProjectInfo, UndoWalksBackFromTheLastBoxTypedIn) {
 
 TEST(ProjectInfo, GetWeatherAsksTheWeatherScreenToComeBack) {
   Screen s;
+  s.type(kLocation, "Reno");
   s.form.clickGetWeather();
   EXPECT_TRUE(s.p().flags.weatherRereadPending);
+  s.p().data[kLocation] = "DENVER INTL AP, Colorado !";  // what the weather screen's OK gives
+  s.form.weatherApplied();
+  EXPECT_EQ(s.form.box(kLocation), "DENVER INTL AP, Colorado !");
 }
 
 // A project made only through the two screens, saved and read back, holds

@@ -8,12 +8,16 @@
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
+#include <algorithm>
 #include <functional>
+#include <QLineEdit>
 
 #include "project/app_state.h"
 #include "screens/economicsform.h"
 #include "screens/projectinfo.h"
 #include "screens/qt_prompt.h"
+#include "screens/selectweth.h"
+#include "screens/weatherform.h"
 
 using namespace marloven;
 
@@ -62,6 +66,28 @@ int main(int argc, char** argv) {
       s.logic().schedule().fill();
       screens::DemandChargeDialog d(s.logic().schedule());
       save(&d, out + "/demandcharge-" + tag + ".png");
+    }
+    {
+      screens::WeatherScreen w(state, prompt);
+      const auto& groups = w.logic().groups();
+      const auto it = std::find(groups.begin(), groups.end(), "Colorado");
+      screens::WeatherScreen shown(state, prompt);  // the lists and boxes as a user sees them
+      emit shown.groupList()->activated(static_cast<int>(it - groups.begin()));
+      shown.groupList()->setCurrentText("Colorado");
+      save(&shown, out + "/weather-" + tag + ".png");
+    }
+    if (units == UnitSystem::IP) {
+      const QString sample = QString::fromLocal8Bit(argv[1]) + "/helpinfo";
+      screens::SelectWeatherScreen s(state, prompt, sample);
+      s.nameBox()->setText("tmy2.txt");
+      save(&s, out + "/selectweth.png");
+      s.logic().setDirectory(sample.toStdString());
+      s.logic().setName("tmy2.txt");
+      s.logic().chooseFormat(0);
+      if (auto text = s.logic().view()) {
+        screens::WeatherPreview p(s.logic(), *text);
+        save(&p, out + "/viewweather.png");
+      }
     }
   }
   return 0;
