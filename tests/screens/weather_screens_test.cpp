@@ -118,6 +118,27 @@ class WeatherScreensTest : public QObject {
     QVERIFY(!f.state.project.flags.weatherRereadPending);
   }
 
+  void importingARecordedYearShowsTheNewRecord() {
+    const std::string epw = std::string(SOURCE_DIR) + "/../shared/weather/recorded/USA_AK_Fairbanks.Intl.AP.702610_TMY3.epw";
+    if (!fileExists(epw)) QSKIP("recorded weather not found");
+    Fixture f;
+    WeatherScreen w(f.state, f.prompt);
+    w.show();
+    f.prompt.inputs = {std::string("Alaska"), std::string("Fairbanks Intl")};
+    w.importFile(QString::fromStdString(epw));
+    QCOMPARE(w.box({WeatherBox::State})->text(), QString("Alaska"));
+    QCOMPARE(w.box({WeatherBox::City})->text(), QString("Fairbanks Intl"));
+    QCOMPARE(w.cityList()->currentText(), QString("Fairbanks Intl"));
+    QCOMPARE(w.box({WeatherBox::Station})->text(), QString("702610"));
+    QVERIFY(f.tree.read("weather/weth.asc").find("Fairbanks Intl, Alaska") != std::string::npos);
+    // A file that is no recorded year says why and adds nothing.
+    f.tree.write("sample/notes.epw", "just some notes\r\n");
+    const std::string before = f.tree.read("weather/weth.asc");
+    w.importFile(QString::fromStdString(f.tree.path("sample/notes.epw").string()));
+    QCOMPARE(f.prompt.log.back().title, std::string("Import Recorded Weather"));
+    QCOMPARE(f.tree.read("weather/weth.asc"), before);
+  }
+
   void aRecordedFileIsPickedPreviewedAndCopiedForTheRun() {
     Fixture f;
     std::string file;
