@@ -52,6 +52,12 @@ struct RecordedWeather {
   bool previewShown = false;  // the preview is up and its OK will copy the file
 };
 
+// What the run screen offers again after a run.
+struct LastRun {
+  std::string from, to;    // the period's day-month texts
+  std::string lower, upper;  // comfort limits
+};
+
 struct AppState {
   AppState() = default;
   explicit AppState(Installation where) : install(std::move(where)) {}
@@ -69,6 +75,9 @@ struct AppState {
   // it, Undo Last starts there.
   int lastEconomicsBox = 0;
   RecordedWeather recorded;
+  LastRun lastRun;
+  // The level the sketch screen was left on; 0 when it was never opened.
+  int sketchLevel = 0;
   ZoneListGrid zoneList;
   ResultsChoice results;
 };
