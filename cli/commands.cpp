@@ -3,6 +3,7 @@
 #include "cli/context.h"
 #include "cli/engine_commands.h"
 #include "cli/report_commands.h"
+#include "cli/run_commands.h"
 #include "cli/weather_commands.h"
 #include "cli/sketch_commands.h"
 
@@ -42,7 +43,15 @@ constexpr const char* kUsage =
     "  sketch extract [--from PROJECT.inp]\n"
     "                        split sketch/bld_mtx.all, extract its zones and rebuild it\n"
     "  run-engine DIR        run the simulation engine tarn64 on the run files in DIR\n"
-    "                        (ecalc$.inp, ecalc$.tmp) and list the results it wrote\n";
+    "                        (ecalc$.inp, ecalc$.tmp) and list the results it wrote\n"
+    "  run PROJECT.inp [--kind abbreviated|hvac|passive] [--period FROM TO] [--year YEAR]\n"
+    "      [--weeks 1..4] [--skip MONTH,...] [--comfort LOW HIGH] [--hourly] [--repeat-weather]\n"
+    "      [--weather FILE --format tmy2|wyec2|custom|iwec] [--scratch DIR] [--out NAME]\n"
+    "                        set up a run, run the engine, join the report and print a\n"
+    "                        summary; each run works in a folder of its own under temp/runs\n"
+    "  results summary REPORT... [--csv]\n"
+    "                        site energy by end use, intensity, peaks and unmet hours of\n"
+    "                        finished reports (a saved .ot1 or a run's ecalc$.out)\n";
 
 // Reads IN into the model (with its scratch files and sketch written in the
 // installation) and writes it back: the file's own seed, weeks per month and
@@ -115,6 +124,8 @@ const std::map<std::string, Command>& commands() {
       {"weather import", weatherImport},
       {"sketch extract", sketchExtract},
       {"run-engine", runEngine},
+      {"run", runProject},
+      {"results summary", resultsSummary},
   };
   return table;
 }

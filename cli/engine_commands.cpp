@@ -12,6 +12,7 @@
 
 #include "common/file_io.h"
 #include "common/text_lines.h"
+#include "run/run_setup.h"
 
 namespace marloven::cli {
 
@@ -20,17 +21,6 @@ namespace fs = std::filesystem;
 namespace {
 
 const char* const kResults[] = {"sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry", "etemp$.hry", "eweth$.hry"};
-
-std::string findEngine() {
-  if (const char* e = std::getenv("MARLOVEN_TARN64"); e != nullptr && *e != '\0') return e;
-  std::error_code ec;
-  const fs::path self = fs::read_symlink("/proc/self/exe", ec);
-  if (!ec) {
-    for (const fs::path& p : {self.parent_path() / "tarn64", self.parent_path().parent_path() / "engine" / "tarn64"})
-      if (fs::is_regular_file(p, ec)) return p.string();
-  }
-  return "tarn64";
-}
 
 // The engine's exit status, or -1 with errno's text in `why` when it could not
 // be started at all.
@@ -79,6 +69,16 @@ int spawnIn(const fs::path& dir, const std::string& engine, std::string& why) {
 
 }  // namespace
 
+int spawnEngine(const std::string& dir, const std::string& engine, std::string& why) {
+  return spawnIn(dir, engine, why);
+}
+
+std::string engineProgram() {
+  std::error_code ec;
+  const fs::path self = fs::read_symlink("/proc/self/exe", ec);
+  return findEngine(ec ? std::string(".") : self.parent_path().string());
+}
+
 int runEngine(Context& c, const std::vector<std::string>& a) {
   if (a.size() != 1) {
     c.err << "run-engine: expected DIR\n" << usage();
@@ -95,7 +95,7 @@ int runEngine(Context& c, const std::vector<std::string>& a) {
       return 1;
     }
   }
-  const std::string engine = findEngine();
+  const std::string engine = engineProgram();
   c.out << "running " << engine << " in " << dir.string() << "\n" << std::flush;
   std::string why;
   const int status = spawnIn(dir, engine, why);

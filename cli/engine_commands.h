@@ -15,4 +15,11 @@ namespace marloven::cli {
 // folder), else tarn64 on the PATH.
 int runEngine(Context& c, const std::vector<std::string>& args);
 
+// Starts the engine in dir and waits for it: its exit status, or -1 with the
+// reason in `why` when it could not be started.
+int spawnEngine(const std::string& dir, const std::string& engine, std::string& why);
+
+// The engine this program starts.
+std::string engineProgram();
+
 }  // namespace marloven::cli

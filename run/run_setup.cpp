@@ -114,7 +114,8 @@ std::optional<int> dayOfYear(const std::string& text) {
 }
 
 std::optional<RunSetup> setUpRun(AppState& s, RunChoices& c, const std::string& scratchDir, Prompt& prompt,
-                                 const std::function<double()>& random, const RunClock& clock) {
+                                 const std::function<double()>& random, const RunClock& clock,
+                                 const std::optional<std::vector<std::string>>& sketchLines) {
   Project& p = s.project;
   if (c.recordedWeather) {
     if (c.from.empty() || c.to.empty()) {
@@ -194,17 +195,20 @@ std::optional<RunSetup> setUpRun(AppState& s, RunChoices& c, const std::string& 
     ColumnPrinter copy;
     printHeader(copy, p.seed, weeks, p.units);
     const std::string installDir = s.install.dir();
-    const bool sketched = fileExists(joinPath(installDir, "sketch/bld_mtx.all"));
+    std::vector<std::string> sketch;
+    if (sketchLines)
+      sketch = *sketchLines;
+    else if (fileExists(joinPath(installDir, "sketch/bld_mtx.all")))
+      sketch = readSketchLines(installDir);
     // The engine always reads I-P numbers; the marker says how to report.
-    writeProject(copy, p, sketched ? readSketchLines(installDir) : std::vector<std::string>{},
-                 p.units == UnitSystem::SI ? Conversion::ToIP : Conversion::None);
+    writeProject(copy, p, sketch, p.units == UnitSystem::SI ? Conversion::ToIP : Conversion::None);
     writeFileAtomic(joinPath(scratchDir, "ecalc$.inp"), copy.take());
     writeFileAtomic(joinPath(scratchDir, "ecalc$.tmp"), controlFileText(ctl));
 
     p.designTemps.known = true;
     ReportSources src;
     src.hvacCatalog = readFile(joinPath(installDir, "btype/tcool.dat"));
-    if (sketched) src.sketch = readFile(joinPath(installDir, "sketch/bld_mtx.all"));
+    for (const std::string& line : sketch) src.sketch += line + "\r\n";
     const std::string shelf = joinPath(scratchDir, "ltshlf.dat");
     fs::remove(shelf, ec);
     for (int z = 1; z <= p.zoneCount && z <= kMaxZones; ++z)

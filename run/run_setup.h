@@ -62,8 +62,11 @@ struct RunSetup {
 // the run does not start; a file error is shown as the error report. On
 // success the project remembers the run (period, limits, kind, flags).
 // random gives the fresh seed, a number in [0, 1).
+// sketchLines stand in for the installation's sketch/bld_mtx.all when a
+// project was read without touching the installation (runs side by side).
 std::optional<RunSetup> setUpRun(AppState& s, RunChoices& c, const std::string& scratchDir, Prompt& prompt,
-                                 const std::function<double()>& random, const RunClock& clock);
+                                 const std::function<double()>& random, const RunClock& clock,
+                                 const std::optional<std::vector<std::string>>& sketchLines = std::nullopt);
 
 // The report as the results read it: the engine's sections, weather and
 // comfort table appended to the front part in scratchDir. FileError when one
