@@ -24,7 +24,10 @@ struct ReportSetup {
   int firstWeekday = 0;    // of 1 January, 1 Sunday .. 7 Saturday
   std::string dateText;    // "22 Nov 2026"
   std::string timeText;    // "14:05"
-  int sketchLevel = 0;     // the sketch's current level; 0 when never opened
+  // The level the sketch screen last had on screen, as the program keeps it
+  // after the screen closes; 0 while the sketch has not been opened. Any other
+  // value puts a page feed before each zone's compliance block.
+  int sketchLevel = 0;
 };
 
 // The files the report copies or reads, as text.

@@ -225,6 +225,27 @@ TEST(FrontReport, HourValuesAndTheLastBlocksHeight) {
   EXPECT_EQ(midText(lines[zoneLine], 70, 17), "CEIL.HT.=   12 FT");
 }
 
+// A page feed ahead of each zone's compliance block when the sketch is on a
+// level; nothing else moves.
+TEST(FrontReport, ASketchLevelFeedsAPageBeforeEachZonesCompliance) {
+  const Project p = smallOffice();
+  ReportSetup setup = goldenSetup();
+  const auto flat = splitLines(composeFrontReport(p, setup, sources(p)).text);
+  for (const int level : {1, 3}) {
+    setup.sketchLevel = level;
+    auto fed = splitLines(composeFrontReport(p, setup, sources(p)).text);
+    int feeds = 0;
+    for (std::size_t i = 1; i + 1 < fed.size(); ++i) {
+      if (fed[i] != "\f" || midText(fed[i - 1], 82, 12) != "SYMBOL NOTE:") continue;
+      EXPECT_EQ(midText(fed[i + 1], 5, 37), "CODE COMPLIANCE CHECKING INFORMATION:");
+      fed.erase(fed.begin() + static_cast<std::ptrdiff_t>(i));
+      ++feeds;
+    }
+    EXPECT_EQ(feeds, 2) << "level " << level;
+    EXPECT_EQ(fed, flat) << "level " << level;
+  }
+}
+
 TEST(FrontReport, AMissingProfileAbandonsTheReportAtThatZone) {
   Project p = smallOffice();
   p.zones[2].fields[kHotWaterProfile] = " 7";
