@@ -517,7 +517,8 @@ class Composer {
     if (z.rowCount == 0) {
       out_.at(9).text("INTERNAL ZONE - NO EXTERNAL WALL DATA.").end();
     } else {
-      const int orientation = static_cast<int>(leadingNumber(p_.data[kOrientation]));
+      // The building orientation may be fractional; it is added as it stands.
+      const double orientation = leadingNumber(p_.data[kOrientation]);
       std::string exposure;
       for (int k = 1; k <= z.rowCount && k <= kMaxSurfaceRows; ++k) {
         const EnvelopeRow& r = z.rows[k];
@@ -525,13 +526,13 @@ class Composer {
         const auto typeName = [](const std::array<CatalogType, kMaxTypeId + 1>& types, int id) -> std::string {
           return id >= 0 && id <= kMaxTypeId ? types[static_cast<std::size_t>(id)].fields[1] : std::string();
         };
-        // IDs without their trailing blank, so a two-digit ID keeps the name
-        // on the same line.
-        out_.at(5).text(r.surfaceCode).at(7).text(padded(r.wallId));
+        // The IDs are numbers with their trailing blank: a two-digit wall ID
+        // ends past column 10 and puts the name on the next line.
+        out_.at(5).text(r.surfaceCode).at(7).number(r.wallId);
         out_.at(10).text(midText(typeName(p_.walls, r.wallId), 1, 25));
         out_.at(35).masked(roundTo(static_cast<double>(r.wallArea) - r.windowArea, 1), "@@@@@@@");
         out_.at(45).text(padded(r.wallOrientation + orientation)).at(51).text(exposure);
-        out_.at(60).text(r.externalShading).at(74).text(padded(r.windowId)).at(79).text(typeName(p_.windows, r.windowId));
+        out_.at(60).text(r.externalShading).at(74).number(r.windowId).at(79).text(typeName(p_.windows, r.windowId));
         out_.at(112).number(r.windowArea).at(122).number(r.slope).end();
       }
     }

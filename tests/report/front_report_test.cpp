@@ -225,6 +225,25 @@ TEST(FrontReport, HourValuesAndTheLastBlocksHeight) {
   EXPECT_EQ(midText(lines[zoneLine], 70, 17), "CEIL.HT.=   12 FT");
 }
 
+TEST(FrontReport, MaterialTableRows) {
+  Project p = smallOffice();
+  p.data[kOrientation] = "22.5";
+  p.zones[1].rows[3].wallOrientation = 270;
+  p.zones[1].rows[3].wallId = 14;
+  p.walls[14].fields = {"14", "Slab on grade, 4 in.", ".1", ".7", "6", ".5", "3"};
+  const auto lines = splitLines(composeFrontReport(p, goldenSetup(), sources(p)).text);
+  const std::size_t roof = lineOf(lines, "S  8 Metal roof", 5);
+  ASSERT_LT(roof + 3, lines.size());
+  // A fractional building orientation is added to each row's as it stands.
+  EXPECT_EQ(midText(lines[roof], 45, 6), " 22.5 ");
+  EXPECT_EQ(midText(lines[roof + 1], 45, 6), " 202.5");
+  // The wall ID is a number with its trailing blank: a two-digit ID ends
+  // past column 10, so its name goes to the next line.
+  EXPECT_EQ(lines[roof + 2], "    W  14 ");
+  EXPECT_EQ(midText(lines[roof + 3], 1, 30), std::string(9, ' ') + "Slab on grade, 4 in. ");
+  EXPECT_EQ(midText(lines[roof + 3], 45, 6), " 292.5");
+}
+
 // A page feed ahead of each zone's compliance block when the sketch is on a
 // level; nothing else moves.
 TEST(FrontReport, ASketchLevelFeedsAPageBeforeEachZonesCompliance) {
