@@ -53,7 +53,9 @@ FrontReport composeFrontReport(const Project& p, const ReportSetup& setup, const
 
 // Reads the sources under the installation, writes temp/ecalc$.out and
 // returns the run status: 0 written, 5 abandoned (the warning shown, the part
-// written so far on disk). FileError for the files.
+// written so far on disk). FileError for the files and for the faults of
+// composeFrontReport; the report then holds what was written before the
+// fault, and nothing when a source could not be read.
 int writeFrontReport(const std::string& installDir, const Project& p, const ReportSetup& setup, Prompt& prompt);
 
 // Floors and the floor height of the last block of a sketch file.

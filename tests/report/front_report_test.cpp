@@ -163,6 +163,15 @@ void expectGolden(const std::string& text, const std::string& name) {
   for (std::size_t i = 0; i < want.size(); ++i) EXPECT_EQ(got[i], want[i]) << name << ", page " << i + 1;
 }
 
+// An installation with the report's sources for p, and the report of an
+// earlier run still in temp.
+void installFor(const TempInstall& t, const Project& p) {
+  t.write("btype/tcool.dat", kHvac);
+  t.write("sketch/bld_mtx.all", kSketch);
+  writeLightShelfFile(t.dir(), p);
+  t.write("temp/ecalc$.out", "EARLIER PROJECT\r\n");
+}
+
 std::size_t lineOf(const std::vector<std::string>& lines, std::string_view start, std::size_t column = 1) {
   for (std::size_t i = 0; i < lines.size(); ++i)
     if (midText(lines[i], column, start.size()) == start) return i;
@@ -277,25 +286,46 @@ TEST(FrontReport, AMissingProfileAbandonsTheReportAtThatZone) {
   EXPECT_NE(r.text.find("ZONE  12"), std::string::npos);
   EXPECT_EQ(r.text.find("THERMOSTAT", r.text.find("ZONE  12")), std::string::npos);
 
-  TempInstall t;
-  t.write("btype/tcool.dat", kHvac);
-  t.write("sketch/bld_mtx.all", kSketch);
-  writeLightShelfFile(t.dir(), p);
+  const TempInstall t;
+  installFor(t, p);
   FakePrompt prompt;
   EXPECT_EQ(writeFrontReport(t.dir(), p, goldenSetup(), prompt), 5);
   EXPECT_EQ(prompt.log.at(0).title, "Hot Water profile missing!");
-  EXPECT_EQ(t.read("temp/ecalc$.out"), r.text);  // what was written stays
+  EXPECT_EQ(t.read("temp/ecalc$.out"), r.text);  // what was written stays, and only that
 }
 
-TEST(FrontReport, BuildingFiguresThatCannotBeDividedAreAFault) {
+// A report that stops on a fault leaves what it wrote before the fault, never
+// the report of an earlier run.
+TEST(FrontReport, AFaultLeavesThePartWrittenBeforeIt) {
   Project p = smallOffice();
   p.zones[1].rowCount = 0;  // no roof and no wall in the building
+  const TempInstall t;
+  installFor(t, p);
+  FakePrompt prompt;
   try {
-    composeFrontReport(p, goldenSetup(), sources(p));
+    writeFrontReport(t.dir(), p, goldenSetup(), prompt);
     FAIL() << "no fault";
   } catch (const FileError& e) {
     EXPECT_EQ(e.number(), 11);
   }
+  // The building's quotients are taken before section I is written: the
+  // report ends with the page feed after the pages before it.
+  const std::string written = t.read("temp/ecalc$.out");
+  EXPECT_EQ(written.find("EARLIER PROJECT"), std::string::npos);
+  const auto lines = splitLines(written);
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines.front(), std::string(132, '='));
+  EXPECT_LT(lineOf(lines, "MATERIAL DESCRIPTIONS CATALOG:", 5), lines.size());
+  EXPECT_EQ(lineOf(lines, "I.  P R O J E C T"), lines.size());
+  EXPECT_EQ(lines.back(), "\f");
+  EXPECT_TRUE(prompt.log.empty());
+
+  // A source that cannot be read stops it before anything is composed.
+  const TempInstall u;
+  installFor(u, smallOffice());
+  std::filesystem::remove(u.path("btype/tcool.dat"));
+  EXPECT_THROW(writeFrontReport(u.dir(), smallOffice(), goldenSetup(), prompt), FileError);
+  EXPECT_EQ(u.read("temp/ecalc$.out").find("EARLIER PROJECT"), std::string::npos);
 }
 
 TEST(FrontReport, LightShelfFileHoldsTheDaylightedZonesAndIsEchoed) {
