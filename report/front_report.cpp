@@ -63,8 +63,10 @@ double tokenValue(const std::vector<std::string>& tokens, std::size_t i) {
 
 class Composer {
  public:
-  Composer(const Project& p, const ReportSetup& s, const ReportSources& src)
-      : p_(p), s_(s), src_(src), ip_(p.units == UnitSystem::IP) {}
+  // Writes into out, so that what was written before a fault can still be
+  // saved.
+  Composer(const Project& p, const ReportSetup& s, const ReportSources& src, ReportPrinter& out)
+      : p_(p), s_(s), src_(src), ip_(p.units == UnitSystem::IP), out_(out) {}
 
   FrontReport run() {
     banner();
@@ -79,6 +81,7 @@ class Composer {
     if (anyDaylight()) lightShelfPages();
     stack_ = readSketchStack(src_.sketch);
     compliance_ = computeCompliance(p_);
+    checkBuildingQuotients();
     sectionOne();
     sectionTwo();
     FrontReport r;
@@ -283,6 +286,20 @@ class Composer {
     out_.emptyLine().fullRule().pageFeed();
   }
 
+  // The building's quotients are taken before section I is written, so a
+  // zero divisor stops the report with nothing of the section on the page.
+  void checkBuildingQuotients() const {
+    const ComplianceFigures& f = compliance_.building;
+    required(f.envelope.roofU, "roof U");
+    required(f.envelope.roofGlassPercent, "roof glass");
+    required(f.envelope.wallU, "wall U");
+    required(f.envelope.wallGlassPercent, "wall glass");
+    required(f.envelope.overallU, "overall U");
+    required(f.lightingPowerDensity, "LPD");
+    required(f.ventilationPerPerson, "rate per person");
+    required(f.ventilationPerFloorArea, "rate per floor area");
+  }
+
   void sectionOne() {
     out_.pageMark();
     out_.text("I.  P R O J E C T   A N D   B U I L D I N G   D A T A").end();
@@ -316,45 +333,38 @@ class Composer {
     out_.at(50).text(units("U-ave(Btu/hr/sq.ft./deg.F)", "U-ave(Watts/sq.m./deg.K)")).end();
     out_.at(10).text("----------------").at(30).text("------------").at(50).text("--------------------------").end();
     if (building || e.roofArea > 0) {
-      const float ur = building ? required(e.roofU, "roof U") : *e.roofU;
-      const float pct = building ? required(e.roofGlassPercent, "roof glass") : *e.roofGlassPercent;
       out_.at(10).text("Roof UA=").number(e.roofUA).at(30).text("Roof A=").number(e.roofArea);
-      out_.at(50).text("Ur=").number(ur).end();
-      out_.at(30).text("Glass A=").number(e.roofGlass).at(50).text("% Glass=").number(pct).end();
+      out_.at(50).text("Ur=").number(e.roofU.value()).end();
+      out_.at(30).text("Glass A=").number(e.roofGlass).at(50).text("% Glass=").number(e.roofGlassPercent.value()).end();
     }
     if (building || e.wallArea > 0) {
-      const float uw = building ? required(e.wallU, "wall U") : *e.wallU;
-      const float pct = building ? required(e.wallGlassPercent, "wall glass") : *e.wallGlassPercent;
       out_.at(10).text("Wall UA=").number(e.wallUA).at(30).text("Wall A=").number(e.wallArea);
-      out_.at(50).text("Uw=").number(uw).end();
-      out_.at(30).text("Glass A=").number(e.wallGlass).at(50).text("% Glass=").number(pct).end();
+      out_.at(50).text("Uw=").number(e.wallU.value()).end();
+      out_.at(30).text("Glass A=").number(e.wallGlass).at(50).text("% Glass=").number(e.wallGlassPercent.value()).end();
     }
     if (building || e.envelopeArea > 0) {
-      const float uo = building ? required(e.overallU, "overall U") : *e.overallU;
       out_.at(10).text("Env  UA=").number(e.envelopeUA).at(30).text("Env  A=").number(e.envelopeArea);
-      out_.at(50).text("Uo=").number(uo).end();
+      out_.at(50).text("Uo=").number(e.overallU.value()).end();
     }
     out_.emptyLine();
     out_.at(7).text("Lighting:").end();
     out_.at(10).text(building ? "Total Bldg Watts =" : "Total Zone Watts =").number(f.watts).end();
     out_.at(10).text(building ? "Bldg Floor Area  =" : "Zone Floor Area  =").number(f.floorArea);
     out_.text(units("Sq.Ft.", "Sq.m.")).end();
-    if (building || f.lightingPowerDensity) {
-      const float lpd = building ? required(f.lightingPowerDensity, "LPD") : *f.lightingPowerDensity;
-      out_.at(10).text("LPD (LtgPwrDens) =").number(lpd).text(units("W/sq.ft.", "W/sq.m.")).end();
+    if (f.lightingPowerDensity) {
+      out_.at(10).text("LPD (LtgPwrDens) =").number(*f.lightingPowerDensity).text(units("W/sq.ft.", "W/sq.m.")).end();
     }
     out_.emptyLine();
     out_.at(7).text("Ventilation Rate:").end();
     out_.at(10).text("Total Design Cap.=").number(f.ventilation).text(units("CFM", "L/s")).end();
     out_.at(10).text("Total Occupancy  =").number(f.people).text("people").end();
     if (building || f.people > 0) {
-      const float perPerson = building ? required(f.ventilationPerPerson, "rate per person") : *f.ventilationPerPerson;
-      out_.at(10).text("Rate per person  =").number(perPerson).text(units("CFM/person", "L/s/person")).end();
+      out_.at(10).text("Rate per person  =").number(f.ventilationPerPerson.value());
+      out_.text(units("CFM/person", "L/s/person")).end();
     }
-    if (building || f.ventilationPerFloorArea) {
-      const float perArea =
-          building ? required(f.ventilationPerFloorArea, "rate per floor area") : *f.ventilationPerFloorArea;
-      out_.at(10).text("Rate per FlrArea =").number(perArea).text(units("CFM/sq.ft.", "L/s/sq.m.")).end();
+    if (f.ventilationPerFloorArea) {
+      out_.at(10).text("Rate per FlrArea =").number(*f.ventilationPerFloorArea);
+      out_.text(units("CFM/sq.ft.", "L/s/sq.m.")).end();
     }
     out_.emptyLine();
   }
@@ -517,7 +527,8 @@ class Composer {
     if (z.rowCount == 0) {
       out_.at(9).text("INTERNAL ZONE - NO EXTERNAL WALL DATA.").end();
     } else {
-      const int orientation = static_cast<int>(leadingNumber(p_.data[kOrientation]));
+      // The building orientation may be fractional; it is added as it stands.
+      const double orientation = leadingNumber(p_.data[kOrientation]);
       std::string exposure;
       for (int k = 1; k <= z.rowCount && k <= kMaxSurfaceRows; ++k) {
         const EnvelopeRow& r = z.rows[k];
@@ -525,13 +536,13 @@ class Composer {
         const auto typeName = [](const std::array<CatalogType, kMaxTypeId + 1>& types, int id) -> std::string {
           return id >= 0 && id <= kMaxTypeId ? types[static_cast<std::size_t>(id)].fields[1] : std::string();
         };
-        // IDs without their trailing blank, so a two-digit ID keeps the name
-        // on the same line.
-        out_.at(5).text(r.surfaceCode).at(7).text(padded(r.wallId));
+        // The IDs are numbers with their trailing blank: a two-digit wall ID
+        // ends past column 10 and puts the name on the next line.
+        out_.at(5).text(r.surfaceCode).at(7).number(r.wallId);
         out_.at(10).text(midText(typeName(p_.walls, r.wallId), 1, 25));
         out_.at(35).masked(roundTo(static_cast<double>(r.wallArea) - r.windowArea, 1), "@@@@@@@");
         out_.at(45).text(padded(r.wallOrientation + orientation)).at(51).text(exposure);
-        out_.at(60).text(r.externalShading).at(74).text(padded(r.windowId)).at(79).text(typeName(p_.windows, r.windowId));
+        out_.at(60).text(r.externalShading).at(74).number(r.windowId).at(79).text(typeName(p_.windows, r.windowId));
         out_.at(112).number(r.windowArea).at(122).number(r.slope).end();
       }
     }
@@ -543,7 +554,7 @@ class Composer {
   const ReportSetup& s_;
   const ReportSources& src_;
   const bool ip_;
-  ReportPrinter out_;
+  ReportPrinter& out_;
   SketchStack stack_;
   BuildingCompliance compliance_;
   bool abandoned_ = false;
@@ -565,10 +576,15 @@ SketchStack readSketchStack(const std::string& sketchText) {
 }
 
 FrontReport composeFrontReport(const Project& p, const ReportSetup& setup, const ReportSources& sources) {
-  return Composer(p, setup, sources).run();
+  ReportPrinter out;
+  return Composer(p, setup, sources, out).run();
 }
 
 int writeFrontReport(const std::string& installDir, const Project& p, const ReportSetup& setup, Prompt& prompt) {
+  // The report is started before anything is read, so that whatever stops it
+  // no earlier run's report is left for the results to read.
+  const std::string path = joinPath(installDir, "temp/ecalc$.out");
+  writeFileAtomic(path, {});
   ReportSources src;
   src.hvacCatalog = readFile(joinPath(installDir, "btype/tcool.dat"));
   const std::string sketch = joinPath(installDir, "sketch/bld_mtx.all");
@@ -578,8 +594,15 @@ int writeFrontReport(const std::string& installDir, const Project& p, const Repo
       src.lightShelf = readFile(joinPath(installDir, "temp/ltshlf.dat"));
       break;
     }
-  const FrontReport r = composeFrontReport(p, setup, src);
-  writeFileAtomic(joinPath(installDir, "temp/ecalc$.out"), r.text);
+  ReportPrinter out;
+  FrontReport r;
+  try {
+    r = Composer(p, setup, src, out).run();
+  } catch (const FileError&) {
+    writeFileAtomic(path, out.str());  // the part written before the fault
+    throw;
+  }
+  writeFileAtomic(path, r.text);
   if (!r.abandoned) return 0;
   prompt.message(Icon::Exclamation, r.warningTitle, r.warningText);
   return 5;

@@ -24,7 +24,10 @@ struct ReportSetup {
   int firstWeekday = 0;    // of 1 January, 1 Sunday .. 7 Saturday
   std::string dateText;    // "22 Nov 2026"
   std::string timeText;    // "14:05"
-  int sketchLevel = 0;     // the sketch's current level; 0 when never opened
+  // The level the sketch screen last had on screen, as the program keeps it
+  // after the screen closes; 0 while the sketch has not been opened. Any other
+  // value puts a page feed before each zone's compliance block.
+  int sketchLevel = 0;
 };
 
 // The files the report copies or reads, as text.
@@ -50,7 +53,9 @@ FrontReport composeFrontReport(const Project& p, const ReportSetup& setup, const
 
 // Reads the sources under the installation, writes temp/ecalc$.out and
 // returns the run status: 0 written, 5 abandoned (the warning shown, the part
-// written so far on disk). FileError for the files.
+// written so far on disk). FileError for the files and for the faults of
+// composeFrontReport; the report then holds what was written before the
+// fault, and nothing when a source could not be read.
 int writeFrontReport(const std::string& installDir, const Project& p, const ReportSetup& setup, Prompt& prompt);
 
 // Floors and the floor height of the last block of a sketch file.

@@ -163,6 +163,15 @@ void expectGolden(const std::string& text, const std::string& name) {
   for (std::size_t i = 0; i < want.size(); ++i) EXPECT_EQ(got[i], want[i]) << name << ", page " << i + 1;
 }
 
+// An installation with the report's sources for p, and the report of an
+// earlier run still in temp.
+void installFor(const TempInstall& t, const Project& p) {
+  t.write("btype/tcool.dat", kHvac);
+  t.write("sketch/bld_mtx.all", kSketch);
+  writeLightShelfFile(t.dir(), p);
+  t.write("temp/ecalc$.out", "EARLIER PROJECT\r\n");
+}
+
 std::size_t lineOf(const std::vector<std::string>& lines, std::string_view start, std::size_t column = 1) {
   for (std::size_t i = 0; i < lines.size(); ++i)
     if (midText(lines[i], column, start.size()) == start) return i;
@@ -225,6 +234,46 @@ TEST(FrontReport, HourValuesAndTheLastBlocksHeight) {
   EXPECT_EQ(midText(lines[zoneLine], 70, 17), "CEIL.HT.=   12 FT");
 }
 
+TEST(FrontReport, MaterialTableRows) {
+  Project p = smallOffice();
+  p.data[kOrientation] = "22.5";
+  p.zones[1].rows[3].wallOrientation = 270;
+  p.zones[1].rows[3].wallId = 14;
+  p.walls[14].fields = {"14", "Slab on grade, 4 in.", ".1", ".7", "6", ".5", "3"};
+  const auto lines = splitLines(composeFrontReport(p, goldenSetup(), sources(p)).text);
+  const std::size_t roof = lineOf(lines, "S  8 Metal roof", 5);
+  ASSERT_LT(roof + 3, lines.size());
+  // A fractional building orientation is added to each row's as it stands.
+  EXPECT_EQ(midText(lines[roof], 45, 6), " 22.5 ");
+  EXPECT_EQ(midText(lines[roof + 1], 45, 6), " 202.5");
+  // The wall ID is a number with its trailing blank: a two-digit ID ends
+  // past column 10, so its name goes to the next line.
+  EXPECT_EQ(lines[roof + 2], "    W  14 ");
+  EXPECT_EQ(midText(lines[roof + 3], 1, 30), std::string(9, ' ') + "Slab on grade, 4 in. ");
+  EXPECT_EQ(midText(lines[roof + 3], 45, 6), " 292.5");
+}
+
+// A page feed ahead of each zone's compliance block when the sketch is on a
+// level; nothing else moves.
+TEST(FrontReport, ASketchLevelFeedsAPageBeforeEachZonesCompliance) {
+  const Project p = smallOffice();
+  ReportSetup setup = goldenSetup();
+  const auto flat = splitLines(composeFrontReport(p, setup, sources(p)).text);
+  for (const int level : {1, 3}) {
+    setup.sketchLevel = level;
+    auto fed = splitLines(composeFrontReport(p, setup, sources(p)).text);
+    int feeds = 0;
+    for (std::size_t i = 1; i + 1 < fed.size(); ++i) {
+      if (fed[i] != "\f" || midText(fed[i - 1], 82, 12) != "SYMBOL NOTE:") continue;
+      EXPECT_EQ(midText(fed[i + 1], 5, 37), "CODE COMPLIANCE CHECKING INFORMATION:");
+      fed.erase(fed.begin() + static_cast<std::ptrdiff_t>(i));
+      ++feeds;
+    }
+    EXPECT_EQ(feeds, 2) << "level " << level;
+    EXPECT_EQ(fed, flat) << "level " << level;
+  }
+}
+
 TEST(FrontReport, AMissingProfileAbandonsTheReportAtThatZone) {
   Project p = smallOffice();
   p.zones[2].fields[kHotWaterProfile] = " 7";
@@ -237,25 +286,46 @@ TEST(FrontReport, AMissingProfileAbandonsTheReportAtThatZone) {
   EXPECT_NE(r.text.find("ZONE  12"), std::string::npos);
   EXPECT_EQ(r.text.find("THERMOSTAT", r.text.find("ZONE  12")), std::string::npos);
 
-  TempInstall t;
-  t.write("btype/tcool.dat", kHvac);
-  t.write("sketch/bld_mtx.all", kSketch);
-  writeLightShelfFile(t.dir(), p);
+  const TempInstall t;
+  installFor(t, p);
   FakePrompt prompt;
   EXPECT_EQ(writeFrontReport(t.dir(), p, goldenSetup(), prompt), 5);
   EXPECT_EQ(prompt.log.at(0).title, "Hot Water profile missing!");
-  EXPECT_EQ(t.read("temp/ecalc$.out"), r.text);  // what was written stays
+  EXPECT_EQ(t.read("temp/ecalc$.out"), r.text);  // what was written stays, and only that
 }
 
-TEST(FrontReport, BuildingFiguresThatCannotBeDividedAreAFault) {
+// A report that stops on a fault leaves what it wrote before the fault, never
+// the report of an earlier run.
+TEST(FrontReport, AFaultLeavesThePartWrittenBeforeIt) {
   Project p = smallOffice();
   p.zones[1].rowCount = 0;  // no roof and no wall in the building
+  const TempInstall t;
+  installFor(t, p);
+  FakePrompt prompt;
   try {
-    composeFrontReport(p, goldenSetup(), sources(p));
+    writeFrontReport(t.dir(), p, goldenSetup(), prompt);
     FAIL() << "no fault";
   } catch (const FileError& e) {
     EXPECT_EQ(e.number(), 11);
   }
+  // The building's quotients are taken before section I is written: the
+  // report ends with the page feed after the pages before it.
+  const std::string written = t.read("temp/ecalc$.out");
+  EXPECT_EQ(written.find("EARLIER PROJECT"), std::string::npos);
+  const auto lines = splitLines(written);
+  ASSERT_FALSE(lines.empty());
+  EXPECT_EQ(lines.front(), std::string(132, '='));
+  EXPECT_LT(lineOf(lines, "MATERIAL DESCRIPTIONS CATALOG:", 5), lines.size());
+  EXPECT_EQ(lineOf(lines, "I.  P R O J E C T"), lines.size());
+  EXPECT_EQ(lines.back(), "\f");
+  EXPECT_TRUE(prompt.log.empty());
+
+  // A source that cannot be read stops it before anything is composed.
+  const TempInstall u;
+  installFor(u, smallOffice());
+  std::filesystem::remove(u.path("btype/tcool.dat"));
+  EXPECT_THROW(writeFrontReport(u.dir(), smallOffice(), goldenSetup(), prompt), FileError);
+  EXPECT_EQ(u.read("temp/ecalc$.out").find("EARLIER PROJECT"), std::string::npos);
 }
 
 TEST(FrontReport, LightShelfFileHoldsTheDaylightedZonesAndIsEchoed) {
