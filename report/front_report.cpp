@@ -594,6 +594,11 @@ int writeFrontReport(const std::string& installDir, const Project& p, const Repo
       src.lightShelf = readFile(joinPath(installDir, "temp/ltshlf.dat"));
       break;
     }
+  return writeFrontReportTo(path, p, setup, src, prompt);
+}
+
+int writeFrontReportTo(const std::string& path, const Project& p, const ReportSetup& setup,
+                       const ReportSources& src, Prompt& prompt) {
   ReportPrinter out;
   FrontReport r;
   try {

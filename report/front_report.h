@@ -57,6 +57,9 @@ FrontReport composeFrontReport(const Project& p, const ReportSetup& setup, const
 // composeFrontReport; the report then holds what was written before the
 // fault, and nothing when a source could not be read.
 int writeFrontReport(const std::string& installDir, const Project& p, const ReportSetup& setup, Prompt& prompt);
+// The same with the sources given, written to path (a run's own scratch folder).
+int writeFrontReportTo(const std::string& path, const Project& p, const ReportSetup& setup,
+                       const ReportSources& sources, Prompt& prompt);
 
 // Floors and the floor height of the last block of a sketch file.
 struct SketchStack {

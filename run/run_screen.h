@@ -44,7 +44,8 @@ class RunScreen {
   // The engine's errors when it failed, for the finished screen to show.
   const std::vector<std::string>& problems() const { return problems_; }
   bool executeEnabled() const { return stage_ == Stage::SetUp; }
-  bool cancelEnabled() const { return stage_ != Stage::Finished; }
+  // Nothing stops a running engine, and a finished run goes on only to its results.
+  bool cancelEnabled() const { return stage_ == Stage::SetUp; }
   bool reviewEnabled() const { return stage_ == Stage::Finished; }
   bool designTempsEnabled() const { return !choices_.recordedWeather; }
   bool progressVisible() const { return stage_ == Stage::Running; }

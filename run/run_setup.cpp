@@ -187,8 +187,8 @@ std::optional<RunSetup> setUpRun(AppState& s, RunChoices& c, const std::string& 
   try {
     std::error_code ec;
     fs::create_directories(scratchDir, ec);
-    // A report that stops on a fault must not leave an earlier one behind.
-    fs::remove(joinPath(scratchDir, "ecalc$.out"), ec);
+    // A set-up that stops must not leave an earlier report behind.
+    writeFileAtomic(joinPath(scratchDir, "ecalc$.out"), {});
 
     p.seed = c.repeatWeather ? std::string(kRepeatedSeed) : padded(static_cast<float>(random()));
     p.weeksPerMonth = static_cast<std::int16_t>(weeks);
@@ -217,12 +217,8 @@ std::optional<RunSetup> setUpRun(AppState& s, RunChoices& c, const std::string& 
         writeFileAtomic(shelf, src.lightShelf);
         break;
       }
-    const FrontReport front = composeFrontReport(p, rep, src);
-    writeFileAtomic(joinPath(scratchDir, "ecalc$.out"), front.text);
-    if (front.abandoned) {
-      prompt.message(Icon::Exclamation, front.warningTitle, front.warningText);
-      return std::nullopt;
-    }
+    // Status 5: the report stopped, and the user was told why.
+    if (writeFrontReportTo(joinPath(scratchDir, "ecalc$.out"), p, rep, src, prompt) != 0) return std::nullopt;
     // A comfort table left by an earlier run must not pass for this one's.
     for (const auto& e : fs::directory_iterator(scratchDir, ec))
       if (e.path().extension() == ".flt") fs::remove(e.path(), ec);
