@@ -101,6 +101,8 @@ class DrawForm : public QDialog {
 
   // The canvas as saved, copied or exported.
   QImage canvasImage() const;
+  // The level on screen: a run's report pages its zones when it is not 0.
+  int currentLevel() const { return editor_->matrix().currentLevel; }
   // The form as printed, without its menus, fitted to the device's page.
   void printOn(QPaintDevice& device);
   // The canvas as a PDF at the path, written whole or not at all; a failure

@@ -17,12 +17,16 @@
 #include "screens/drawform.h"
 #include "screens/economicsform.h"
 #include "screens/projectinfo.h"
+#include "screens/runsim.h"
 #include "screens/weatherform.h"
 #include "screens/project_file_dialog.h"
 #include "screens/step_icons.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
 #include "shell/file_names.h"
+#include "common/error_report.h"
+#include "common/file_error.h"
+#include "common/file_io.h"
 
 namespace marloven::screens {
 
@@ -132,7 +136,8 @@ void MainMenuWindow::wireCommands() {
   };
   handlers_[{Command::RetrieveProject, 0}] = [this] { retrieve(false); };
   handlers_[{Command::SaveProject, 0}] = [this] { follow(life_.saveRequested()); };
-  handlers_[{Command::Run, 1}] = [this] { follow(life_.runRequested(1)); };
+  for (int kind = 1; kind <= 4; ++kind)
+    handlers_[{Command::Run, kind}] = [this, kind] { follow(life_.runRequested(kind)); };
   const std::string dir = state_.install.dir();
   handlers_[{Command::HelpContents, 0}] = [this, dir] {
     HelpContents c(dir, prompt_, this);
@@ -165,6 +170,10 @@ void MainMenuWindow::wireCommands() {
     refresh();
   };
   stepHandlers_[4] = [this] { follow(life_.openSketch()); };
+  stepHandlers_[6] = [this] {
+    RunOptionsDialog options(this);
+    if (options.exec() == QDialog::Accepted && options.kind() != 0) follow(life_.runRequested(options.kind()));
+  };
   // Later screens add their handlers here and to stepHandlers_.
 
   for (auto& [key, act] : actions_) {
@@ -253,15 +262,37 @@ void MainMenuWindow::follow(Next next) {
     case Next::SaveOutputDialog: saveOutputDialog(); break;
     case Next::Quit: finish(); return;
     case Next::Sketch: openSketchScreen(); break;
+    case Next::RunSimulation: openRunScreen(); break;
     default: break;  // the run and results screens come with their own work
   }
   refresh();
 }
 
+void MainMenuWindow::openRunScreen() {
+  RunSimScreen run(state_, prompt_, this);
+  run.exec();
+  refresh();
+  if (!run.resultsReady()) return;
+  logic_.enableViewMenu();
+  refresh();
+  // The report until the charts take over this hand-over.
+  try {
+    TextViewer report(fromBytes(state_.project.fileName), readFile(state_.install.scratchFile("ecalc$.out")), true,
+                      this);
+    report.setObjectName("tabular");
+    report.resize(980, 640);
+    report.exec();
+  } catch (const FileError& e) {
+    reportError(prompt_, e);
+  }
+}
+
 void MainMenuWindow::openSketchScreen() {
   // Modal: the sketch owns the level files until it is left by Exit or Cancel.
   DrawForm form(state_, prompt_, this);
-  if (form.start()) form.exec();
+  if (!form.start()) return;
+  form.exec();
+  state_.sketchLevel = form.currentLevel();
 }
 
 void MainMenuWindow::retrieve(bool sample) {
@@ -306,8 +337,13 @@ void MainMenuWindow::saveOutputDialog() {
   ProjectFileDialog d(ProjectFileDialog::Mode::SaveOutput, dir, p.flags.lastRunKind == 4 ? "*.fl*" : "*.ot*",
                       fromBytes(proposedOutputName(p)), this);
   d.setMessage(fromBytes(life_.outputDialogText()));
+  if (p.flags.runKind != 0) d.offerRun();
   // The dialog stays while the name is refused.
-  while (d.exec() == QDialog::Accepted) {
+  for (int result; (result = d.exec()) != QDialog::Rejected;) {
+    if (result == ProjectFileDialog::kRunResult) {
+      follow(life_.runWithoutSavingOutput());
+      return;
+    }
     const Next n = life_.saveOutput(toBytes(d.directory()), toBytes(d.name()));
     if (n == Next::Quit) {
       finish();

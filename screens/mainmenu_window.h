@@ -54,6 +54,7 @@ class MainMenuWindow : public QMainWindow {
   void finish();
   void follow(Next next);
   void openSketchScreen();
+  void openRunScreen();
   void retrieve(bool sample);
   void saveInputDialog();
   void saveOutputDialog();

@@ -71,7 +71,8 @@ ProjectFileDialog::ProjectFileDialog(Mode mode, const QString& directory, const 
     layout->addWidget(box);
   }
 
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  buttons_ = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  auto* buttons = buttons_;
   buttons->button(QDialogButtonBox::Ok)->setObjectName("okbutton");
   buttons->button(QDialogButtonBox::Cancel)->setObjectName(n.cancel);
   buttons->button(QDialogButtonBox::Ok)->setDefault(true);
@@ -107,6 +108,15 @@ UnitSystem ProjectFileDialog::units() const {
 void ProjectFileDialog::setUnits(UnitSystem units) {
   if (ip_ == nullptr) return;
   (units == UnitSystem::IP ? ip_ : si_)->setChecked(true);
+}
+
+void ProjectFileDialog::offerRun() {
+  QPushButton* run = buttons_->addButton(tr("Run"), QDialogButtonBox::ActionRole);
+  run->setObjectName("nosave");
+  connect(run, &QPushButton::clicked, this, [this] {
+    setMessage({});
+    done(kRunResult);
+  });
 }
 
 void ProjectFileDialog::setMessage(const QString& text) {

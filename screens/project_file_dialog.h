@@ -8,6 +8,7 @@
 
 #include "project/project_model.h"
 
+class QDialogButtonBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -34,6 +35,10 @@ class ProjectFileDialog : public QDialog {
   UnitSystem units() const;
   void setUnits(UnitSystem units);
   void setMessage(const QString& text);
+  // The output save dialog before a run: a "Run" button goes on without
+  // saving; exec() then gives kRunResult.
+  static constexpr int kRunResult = 2;
+  void offerRun();
 
   QListWidget* files() const;
   QListWidget* folders() const;
@@ -41,6 +46,7 @@ class ProjectFileDialog : public QDialog {
 
  private:
   QLabel* message_ = nullptr;
+  QDialogButtonBox* buttons_ = nullptr;
   FolderFiles* lists_ = nullptr;
   QLineEdit* name_ = nullptr;
   QRadioButton* ip_ = nullptr;

@@ -276,6 +276,12 @@ Next Lifecycle::saveOutput(const std::string& directory, const std::string& name
   return Next::Stay;
 }
 
+Next Lifecycle::runWithoutSavingOutput() {
+  rereadHeader();
+  outputDialogText_.clear();
+  return Next::RunSimulation;
+}
+
 ExitQuestion Lifecycle::exitQuestion() const {
   const Project& p = state_.project;
   if (!p.flags.anySaveSinceStart && !p.flags.fromFile) return {"Do you want to save your input ?", {}};

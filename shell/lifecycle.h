@@ -60,6 +60,8 @@ class Lifecycle {
   const std::string& outputDialogText() const { return outputDialogText_; }
   // saveoutform OK: copies the results of the last run under the name.
   Next saveOutput(const std::string& directory, const std::string& name);
+  // saveoutform "Run": on into the run without saving the old results.
+  Next runWithoutSavingOutput();
 
   ExitQuestion exitQuestion() const;
   Next exitSave();        // the question's "save"
