@@ -126,7 +126,7 @@ class ScreensTest : public QObject {
     QVERIFY(m.menu(MenuId::File)->menuAction()->isEnabled());
     QVERIFY(m.action(Command::Exit)->isEnabled());
     QVERIFY(m.action(Command::NewProject)->isEnabled());
-    QVERIFY(!m.action(Command::Run, 2)->isEnabled());  // no screen behind it yet
+    QVERIFY(!m.action(Command::Database, 1)->isEnabled());  // no screen behind it yet
     QCOMPARE(m.action(Command::Run, 3)->text(), QString("Run with   A/C "));
     // A literal ampersand survives as text instead of becoming an access key.
     QCOMPARE(m.action(Command::Graph, 5)->text(), QString("Monthly Heating && Cooling"));
