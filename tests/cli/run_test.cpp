@@ -57,6 +57,12 @@ TEST_F(RunCommand, RunsAProjectAndPrintsItsSummary) {
   EXPECT_EQ(lines[1].substr(0, lines[1].find(',')), "\"" + path("sample/office.ot1") + "\"");
 }
 
+TEST_F(RunCommand, TheShippedSampleRuns) {
+  const Result r = runCli({"--install", inst_.dir(), "run", std::string(INSTALL_DATA) + "/sample/office.inp"});
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_NE(r.out.find("energy use intensity"), std::string::npos);
+}
+
 TEST_F(RunCommand, OptionsReachTheControlFileAndMistakesAreRefused) {
   const Result r = runCli({"--install", inst_.dir(), "run", office(), "--scratch", path("sample/a"), "--kind",
                            "passive", "--period", "1-Jun", "31-Aug", "--year", "13", "--weeks", "2", "--skip",
