@@ -85,7 +85,7 @@ void ToggleLabel::setHighlighted(bool on) {
 }
 
 void ToggleLabel::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) emit clicked();
+  if (event->button() == Qt::LeftButton && isEnabled()) emit clicked();
   QLabel::mousePressEvent(event);
 }
 
@@ -255,7 +255,8 @@ void RunSimScreen::build() {
   options->addWidget(sequence_);
   options->addStretch(1);
   auto* buttons = new QHBoxLayout;
-  buttons->addWidget(progress_, 1);
+  buttons->addWidget(progress_, 3);
+  buttons->addStretch(1);
   buttons->addWidget(execute_);
   buttons->addWidget(cancel_);
   buttons->addWidget(review_);
@@ -280,9 +281,16 @@ void RunSimScreen::refresh() {
   setWindowTitle(fromBytes(logic_.caption()));
   const RunChoices& c = logic_.choices();
   weather_[c.recordedWeather ? 1 : 0]->setChecked(true);
-  for (int i = 0; i < 3; ++i) destemp_[i]->setEnabled(logic_.designTempsEnabled());
-  for (int i = 0; i < 4; ++i) weeks_[i]->setHighlighted(c.weeks[i]);
-  for (int i = 0; i < 12; ++i) months_[i]->setHighlighted(c.skip[i]);
+  const bool setUp = logic_.stage() == RunScreen::Stage::SetUp;
+  for (int i = 0; i < 3; ++i) destemp_[i]->setEnabled(setUp && logic_.designTempsEnabled());
+  for (int i = 0; i < 4; ++i) {
+    weeks_[i]->setHighlighted(c.weeks[i]);
+    weeks_[i]->setEnabled(setUp);
+  }
+  for (int i = 0; i < 12; ++i) {
+    months_[i]->setHighlighted(c.skip[i]);
+    months_[i]->setEnabled(setUp);
+  }
   const std::array<const std::string*, 3> texts = {&c.from, &c.to, &c.year};
   for (int i = 0; i < 3; ++i)
     if (period_[i]->text() != fromBytes(*texts[i])) period_[i]->setText(fromBytes(*texts[i]));
@@ -298,7 +306,6 @@ void RunSimScreen::refresh() {
   execute_->setEnabled(logic_.executeEnabled());
   cancel_->setEnabled(logic_.cancelEnabled());
   review_->setEnabled(logic_.reviewEnabled());
-  const bool setUp = logic_.stage() == RunScreen::Stage::SetUp;
   for (QWidget* w : std::initializer_list<QWidget*>{weather_[0], weather_[1], period_[0], period_[1], period_[2],
                                                    lower_, upper_, hourly_, sequence_})
     w->setEnabled(setUp);

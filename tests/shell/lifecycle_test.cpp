@@ -10,6 +10,7 @@
 #include "common/file_io.h"
 #include "common/number_text.h"
 #include "common/text_lines.h"
+#include "project/project_reader.h"
 #include "support/fake_prompt.h"
 #include "shell/file_names.h"
 #include "shell/startup.h"
@@ -27,6 +28,13 @@ const std::string kFixture = std::string(FIXTURE_DIR) + "/full_project.inp";
 
 // A started program over a temporary installation, with its main menu and a
 // seed source that counts 0.25, 0.5, ...
+// Columns 11-20 of a project file's first line.
+std::string readProjectSeed(const std::string& path) {
+  Project p;
+  readHeader(splitLines(readFile(path)).front(), p);
+  return p.seed;
+}
+
 struct Session {
   TempInstall t;
   AppState s;
@@ -202,6 +210,11 @@ TEST(Lifecycle, RunWithUnsavedInputOffersTheSaveAndOldResults) {
   EXPECT_EQ(x.life.outputDialogText(),
             "Before running, you should save the previous results. An energy output file with .ot* "
             "extension will also be saved.");
+  // "Run" in that dialog goes on without saving, the header read again.
+  x.p().seed = "changed";
+  EXPECT_EQ(x.life.runWithoutSavingOutput(), Next::RunSimulation);
+  EXPECT_EQ(x.p().seed, readProjectSeed(kFixture));
+  EXPECT_EQ(x.life.outputDialogText(), "");
   x.p().flags.inputSaved = true;
   EXPECT_EQ(x.life.runRequested(3), Next::RunSimulation);
 }

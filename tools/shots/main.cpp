@@ -16,6 +16,13 @@
 #include "screens/economicsform.h"
 #include "screens/projectinfo.h"
 #include "screens/qt_prompt.h"
+#include "screens/runsim.h"
+#include "project/project_reader.h"
+#include "common/file_io.h"
+#include <QElapsedTimer>
+#include <QPushButton>
+#include <filesystem>
+#include <cstdlib>
 #include "screens/selectweth.h"
 #include "screens/weatherform.h"
 
@@ -89,6 +96,45 @@ int main(int argc, char** argv) {
         save(&p, out + "/viewweather.png");
       }
     }
+  }
+
+  // The run screens on the sample office, in a copy of the installation so
+  // its scratch folder may be written. An engine that takes its time shows
+  // the screen while it runs.
+  namespace fs = std::filesystem;
+  const fs::path tree = fs::temp_directory_path() / "marloven-shots-install";
+  fs::remove_all(tree);
+  fs::copy(argv[1], tree, fs::copy_options::recursive);
+  fs::create_directories(tree / "temp");
+  const fs::path slow = tree / "slow-tarn64.sh";
+  {
+    const char* engine = std::getenv("MARLOVEN_TARN64");
+    marloven::writeFileAtomic(slow.string(), std::string("#!/bin/sh\nsleep 3\nexec ") + (engine ? engine : "tarn64") + "\n");
+    fs::permissions(slow, fs::perms::owner_all);
+  }
+  setenv("MARLOVEN_TARN64", slow.c_str(), 1);
+  for (UnitSystem units : {UnitSystem::IP, UnitSystem::SI}) {
+    const QString tag = units == UnitSystem::IP ? "ip" : "si";
+    AppState state{Installation(tree.string())};
+    marloven::readProject(marloven::readFile((tree / "sample/office.inp").string()), state.project);
+    state.project.units = units;  // labels and defaults of the unit system
+    state.project.flags.runKind = 3;
+    if (units == UnitSystem::IP) {
+      screens::RunOptionsDialog o;
+      save(&o, out + "/runoptions.png");
+    }
+    screens::RunSimScreen r(state, prompt);
+    save(&r, out + "/runsim-before-" + tag + ".png");
+    if (units == UnitSystem::SI) continue;
+    r.show();
+    r.executeButton()->click();
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < 1500) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    save(&r, out + "/runsim-during.png");
+    r.show();
+    while (!r.reviewButton()->isEnabled() && t.elapsed() < 30000) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    save(&r, out + "/runsim-after.png");
   }
   return 0;
 }
