@@ -284,6 +284,55 @@ float fitAxis(float x, bool peakGuards) {
   return scale;
 }
 
+ChartLeave chartMainMenu(bool runMade, bool outputSaved, Prompt& prompt) {
+  if (!runMade || outputSaved) return ChartLeave::Close;
+  switch (prompt.ask(Buttons::YesNoCancel, Icon::Question, "Save Output",
+                     "The simulation results have not been saved.  Do you want to save them?")) {
+    case Answer::Yes: return ChartLeave::SaveOutput;
+    case Answer::No: return ChartLeave::Close;
+    default: return ChartLeave::Stay;
+  }
+}
+
+std::string chartValueAt(const ChartModel& m, double x, double y) {
+  auto trim = [](std::string s) {
+    const std::size_t a = s.find_first_not_of(' ');
+    return a == std::string::npos ? std::string() : s.substr(a, s.find_last_not_of(' ') - a + 1);
+  };
+  const std::string unit = trim(m.unit);
+  if (m.screen != ChartScreen::Monthly) {
+    for (std::size_t i = 0; i < m.bars.size(); ++i) {
+      const ChartBar& b = m.bars[i];
+      // The whole column counts, so a bar of nothing can be pointed at too.
+      const double top = m.screen == ChartScreen::Peak ? kPeakBaseY - kPeakHalfHeight : kSourceBaseY - kSourceHeight;
+      const double bottom = m.screen == ChartScreen::Peak ? kPeakBaseY + kPeakHalfHeight : kSourceBaseY;
+      if (x >= b.left && x <= b.right && y >= top && y <= bottom)
+        return m.names[i].text + ": " + trim(m.values[i].text) + " " + unit;
+    }
+    return {};
+  }
+  // A month: the value of every trace at its place.
+  const double place = std::round((x - kMonthlyFirstX) / kMonthlyStep);
+  const double px = kMonthlyFirstX + place * kMonthlyStep;
+  if (place < 0 || place > 11 || y < kMonthlyBaseY - kMonthlyHeight - 300 || y > kMonthlyBaseY + 300) return {};
+  const bool costs = m.chart == Chart::MonthlyCosts;
+  static constexpr std::array<const char*, 3> kEnergy = {"heating", "cooling", ""};
+  static constexpr std::array<const char*, 3> kCosts = {"gas", "electricity", "total"};
+  std::array<bool, 3> seen{};
+  std::string out;
+  for (const ChartSegment& t : m.segments) {
+    const std::size_t trace = static_cast<std::size_t>(t.trace);
+    if (trace > 2 || seen[trace] || (t.x1 != px && t.x2 != px)) continue;
+    seen[trace] = true;
+    const double v = (kMonthlyBaseY - (t.x1 == px ? t.y1 : t.y2)) * m.scale / kMonthlyHeight;
+    const std::string number = trim(padded(static_cast<float>(std::round(v * 10) / 10)));
+    out += std::string("  ") + (costs ? kCosts[trace] : kEnergy[trace]) + " " +
+           (costs ? "$" + number : number + " " + unit);
+  }
+  if (out.empty()) return {};
+  return kChartMonths[static_cast<std::size_t>(place)] + out;
+}
+
 ReadStatus buildChart(const ChartSource& source, Chart c, ChartModel& model) {
   switch (c) {
     case Chart::MonthlyEnergy: return buildMonthlyEnergy(source, model);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "common/prompt.h"
 #include "results/chart_readers.h"
 #include "results/read_status.h"
 
@@ -33,7 +34,7 @@ struct Rgb {
   int r = 0, g = 0, b = 0;
   bool operator==(const Rgb&) const = default;
 };
-inline constexpr Rgb kBlack{0, 0, 0};
+inline constexpr Rgb kChartBlack{0, 0, 0};
 // The 16-colour palette of the bars and their labels.
 Rgb paletteColour(int index);
 
@@ -44,7 +45,7 @@ float fitAxis(float x, bool peakGuards);
 
 struct ChartText {
   std::string text;
-  Rgb colour = kBlack;
+  Rgb colour = kChartBlack;
 };
 
 struct ChartBar {
@@ -115,6 +116,15 @@ struct ChartSource {
 // Builds chart c from <scratchDir>/ecalc$.out. A reader's fault comes back
 // as its status (the model is then left as it was).
 ReadStatus buildChart(const ChartSource& source, Chart c, ChartModel& model);
+
+// "Main Menu" on a chart screen: unsaved results of this session's run are
+// asked about first (Yes: the output save dialog; Cancel: stay).
+enum class ChartLeave { Close, SaveOutput, Stay };
+ChartLeave chartMainMenu(bool runMade, bool outputSaved, Prompt& prompt);
+
+// What a bar or a month of the picture says when pointed at: its name, value
+// and unit; empty where nothing is drawn. x, y in twips.
+std::string chartValueAt(const ChartModel& m, double x, double y);
 
 // The month names along the monthly axis.
 extern const std::array<const char*, 12> kChartMonths;
