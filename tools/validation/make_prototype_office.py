@@ -82,7 +82,8 @@ CLIMATES = [
 # ---------------------------------------------------------------------------
 # Every input: (item, prototype, ours, why they differ). Sources of the
 # prototype column: [P] PNNL's prototype small office as described with the
-# DOE prototype models (scorecard) and its OpenStudio counterpart
+# DOE prototype models (scorecard; values marked [P?] are from that description
+# and were not checked against a file in reach here) and its OpenStudio counterpart
 # (NREL/OpenStudio-Prototype-Buildings, create_DOE_prototype_building/
 # resources/Prototype.small_office.rb: five zones each with its own packaged
 # single-zone unit; TODO.md there: "90.1-2004 - 90.1-2010 uses wood frame
@@ -96,21 +97,21 @@ INPUTS = [
     ('Floor area', '511 m2 (5,502 ft2), 27.7 x 18.5 m, one storey [P]', '5,502 ft2, same zones', ''),
     ('Zoning', 'core 149.7 m2, four perimeter zones 5 m deep (trapezoids) [M]',
      'five zones of those areas; each perimeter zone holds its own facade', ''),
-    ('Height', '3.05 m floor to ceiling, unconditioned attic above [P]', '10 ft; no attic',
+    ('Height', '3.05 m floor to ceiling, unconditioned attic above [P?]', '10 ft; no attic',
      'the format has no attic zone: the ceiling is a roof row at the attic-ceiling U, its outside face in sol-air'),
     ('Walls', 'wood-framed, 90.1-2007 max U 0.089 (1A, 4A), 0.051 (6A) [R 4.1]', 'same U, absorptance 0.7, lag 0.6 h',
      'lag and decrement of a light frame wall (catalog W7 [R 5])'),
     ('Roof', 'attic, max U 0.034 (1A), 0.027 (4A, 6A) [R 4.1]', 'same U on the ceiling row, absorptance 0.7',
      'see Height: no attic buffer'),
-    ('Floor mass', '4 in. heavyweight concrete slab under a carpet pad, the zones\' floor [P]',
+    ('Floor mass', '4 in. heavyweight concrete slab under a carpet pad, the zones\' floor [P?]',
      'internal mass %.1f lb/ft2: the slab\'s daily areal heat capacity (ISO 13786), 2.65 Btu/ft2 F' % SLAB_MASS_LB_FT2,
      'the format gives floor rows on the ground no heat capacity; the slab\'s store goes in as internal mass'),
     ('Floor', 'slab on grade, unheated F-0.73 (1A, 4A), 0.54 (6A) [R 4.1]',
      '3 ft perimeter strips (exposure 7) and floor cores (71-76)',
      'the format derives the slab loss from soil conductivity and the slab construction, not from an F-factor'),
-    ('Glazing', 'WWR 24.4 % south, 19.8 % others [P]; U 1.20/0.55/0.55, SHGC 0.25/0.40/0.40 (metal frame) [R 4.2]',
+    ('Glazing', 'WWR 24.4 % south, 19.8 % others [P?]; U 1.20/0.55/0.55, SHGC 0.25/0.40/0.40 (metal frame) [R 4.2]',
      'same areas, U and SHGC; 5 ft high, sill 3 ft', 'window height not known to us'),
-    ('Door', 'one swinging door on the south facade, with its own infiltration [P]', 'none', 'small; not modelled'),
+    ('Door', 'one swinging door on the south facade, with its own infiltration [P?]', 'none', 'small; not modelled'),
     ('People', '7.36 per 1,000 ft2 [R 1.3]', 'same, by zone area', ''),
     ('Lighting', '1.0 W/ft2 [R 1.1], BLDG_LIGHT_SCH weekday [R 2.2]', '1.0 W/ft2',
      'one profile drives lights and equipment: it has their combined hourly shape, so the hourly gain is right '
@@ -119,17 +120,18 @@ INPUTS = [
      'see Lighting'),
     ('Exterior lighting', 'facade and parking lighting [E: 25.7 GJ]', 'none',
      'the format has no exterior lighting; left out of the comparison'),
-    ('Week', 'weekday, Saturday and Sunday/holiday schedules [P]', '5 occupied days, no holidays',
+    ('Week', 'weekday, Saturday and Sunday/holiday schedules [P?]', '5 occupied days, no holidays',
      'the format has one occupied day type; Saturdays run the unoccupied levels'),
-    ('Thermostat', '21 C / 15.6 C set-back, 24 C / 26.7 C set-up, HVAC hours 06-22 [R 3]',
+    ('Thermostat', '21 C / 15.6 C set-back, 24 C / 26.7 C set-up [R 3, office rows], HVAC hours 06-22 [R 2.2]',
      '70/60 F heating, 75/80 F cooling, occupied hours ending 7-22', ''),
     ('Outside air', '62.1-2004 office: 5 cfm/person + 0.06 cfm/ft2, while the fan runs on its schedule [R 1.2]',
      '%.4f cfm/ft2 (CS) with the HVAC schedule as Vent profile' % OA_CFM_PER_FT2, ''),
-    ('Infiltration', '0.0446 cfm per ft2 of exterior wall at design wind; x1.0 with the fans off, x0.25 with them on',
+    ('Infiltration', '0.0446 cfm per ft2 of exterior surface at design wind [R 1.4]; x1.0 with the fans off, '
+     'x0.25 with them on [P?]',
      'the time-weighted mean as constant air changes per zone (none in the core)',
      'the format has one constant rate per zone; it cannot lower it while the fan runs'),
-    ('HVAC', 'packaged single-zone heat pump per zone with gas furnace back-up, constant fan while occupied, '
-     'cycling at night; no economiser at < 65 kBtu/h in 1A, 4A, 6A [E, R 7.3]',
+    ('HVAC', 'packaged single-zone heat pump per zone with gas furnace back-up [P, E], fan constant while occupied '
+     'and cycling at night [P?]; no economiser at < 65 kBtu/h in 1A, 4A, 6A [R 7.3]',
      'rooftop unit (type 5) with heat pump heating (type 3), SEER 13, COP 3.3 at 47 F, no economiser',
      'the format backs a heat pump up with electric resistance, not gas'),
     ('Water heating', 'electric storage water heater, 58.31 m3 a year [E]',
