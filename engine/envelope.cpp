@@ -58,14 +58,24 @@ GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, c
   r.ground.assign(n, 0);
   r.cosIncidence.assign(n, 0);
   r.tanProfile.assign(n, 0);
+  r.angular.assign(n, 0);
+  r.skyLoss.assign(n, 0);
   r.sunUp.assign(r.hours, 0);
   r.sunAzimuth.assign(r.hours, 0);
   const double lat = w.site.latitude * kDeg;
-  std::vector<Vec3> normals;
-  for (const OrientationGroup& g : groups) normals.push_back(surfaceNormal(g.tilt, g.azimuth));
+  // What does not change from hour to hour, once per group.
+  struct Plane {
+    Vec3 normal;
+    double cosTilt, sinTilt, oneMinusCos, skyFactor;
+  };
+  std::vector<Plane> planes;
+  for (const OrientationGroup& g : groups)
+    planes.push_back({surfaceNormal(g.tilt, g.azimuth), std::cos(g.tilt), std::sin(g.tilt), 1.0 - std::cos(g.tilt),
+                      finSkyFactor(g.finRight) * finSkyFactor(g.finLeft) * (1.0 - g.obstruction)});
+  DayAstro a{};
   for (int t = 0; t < r.hours; ++t) {
     const int day = t / 24 + 1;
-    const DayAstro a = dayAstro(day);
+    if (t % 24 == 0) a = dayAstro(day);
     const double omega = 15.0 * kDeg * (solarTime(t % 24 + 0.5, w.site, a.equationOfTime) - 12.0);
     const Vec3 sun = sunVector(lat, a.declination, omega);
     const WeatherHour& wh = w.hours[t];
@@ -77,17 +87,21 @@ GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, c
     const double tanAlt = cosZ > 0 ? cosZ / std::sqrt(std::max(1e-12, 1.0 - cosZ * cosZ)) : 0.0;
     for (int g = 0; g < r.groups; ++g) {
       const OrientationGroup& og = groups[g];
+      const Plane& pl = planes[g];
       const std::size_t i = static_cast<std::size_t>(g) * r.hours + t;
-      const double ct = cosZ > 0 ? dot(sun, normals[g]) : 0.0;
+      r.skyLoss[i] = skyLongWave(wh.dryBulb, wh.skyIr, og.tilt, 1.0);
+      const double ct = cosZ > 0 ? dot(sun, pl.normal) : 0.0;
       r.cosIncidence[i] = ct;
-      r.ground[i] = og.groundReflectance * wh.globalH * (1.0 - std::cos(og.tilt)) / 2.0;
+      r.ground[i] = og.groundReflectance * wh.globalH * pl.oneMinusCos / 2.0;
       if (og.tilt < 1e-9) {
         // A horizontal plane receives exactly the global horizontal.
         r.sky[i] = std::min(wh.diffuseH, wh.globalH);
         r.beam[i] = wh.globalH - r.sky[i];
         r.cosIncidence[i] = cosZ;
+        r.angular[i] = angularShgc(cosZ);
         continue;
       }
+      r.angular[i] = angularShgc(ct);
       double gamma = az - og.azimuth;
       while (gamma > kPi) gamma -= 2.0 * kPi;
       while (gamma <= -kPi) gamma += 2.0 * kPi;
@@ -96,20 +110,22 @@ GroupIrradiance computeIrradiance(const std::vector<OrientationGroup>& groups, c
       r.tanProfile[i] = tanOmega;
       const double beamFactor = finRightBeam(og.finRight, gamma) * finLeftBeam(og.finLeft, gamma) *
                                 obstructionBeam(og.obstruction, tanOmega);
-      const double skyFactor = finSkyFactor(og.finRight) * finSkyFactor(og.finLeft) *
-                               (1.0 - og.obstruction);
       r.beam[i] = ct > 0 ? wh.directN * ct * beamFactor : 0.0;
-      r.sky[i] = perezSkyDiffuse(wh.diffuseH, pc, ct, cosZ, og.tilt) * skyFactor;
+      r.sky[i] = perezSkyDiffuse(wh.diffuseH, pc, ct, cosZ, pl.cosTilt, pl.sinTilt) * pl.skyFactor;
     }
   }
   return r;
 }
 
 WindowIrradiance windowIrradiance(const WindowClass& wc, const GroupIrradiance& irr, int t) {
+  return windowIrradiance(wc, irr, t, overhangSkyFactor(wc.overhang, wc.height, wc.gapHeight));
+}
+
+WindowIrradiance windowIrradiance(const WindowClass& wc, const GroupIrradiance& irr, int t, double overhangSky) {
   WindowIrradiance r{irr.at(irr.beam, wc.group, t), irr.at(irr.sky, wc.group, t), irr.at(irr.ground, wc.group, t)};
   if (wc.overhang > 0) {
     r.beam *= overhangBeam(wc.overhang, wc.height, wc.gapHeight, irr.at(irr.tanProfile, wc.group, t));
-    r.sky *= overhangSkyFactor(wc.overhang, wc.height, wc.gapHeight);
+    r.sky *= overhangSky;
   }
   return r;
 }

@@ -29,10 +29,14 @@ double overhangSkyFactor(double p, double windowHeight, double gap);
 double angularShgc(double cosIncidence);
 
 // Irradiance of every orientation group at every hour of the year (Btu/ft²·h),
-// beam and sky already multiplied by the group's fin and obstruction factors.
+// beam and sky already multiplied by the group's fin and obstruction factors,
+// and what every window of the group shares in that hour: the normalised
+// angular SHGC of the beam and the long-wave loss to the sky of a black
+// surface at outdoor temperature (skyLongWave at emissivity 1, Btu/h·ft²).
 struct GroupIrradiance {
   int groups = 0, hours = 0;
   std::vector<double> beam, sky, ground, cosIncidence, tanProfile;  // [group * hours + hour]
+  std::vector<double> angular, skyLoss;                             // [group * hours + hour]
   std::vector<double> sunUp;  // per hour: sine of the sun's altitude at mid-hour
   std::vector<double> sunAzimuth;
   double at(const std::vector<double>& v, int g, int h) const { return v[static_cast<std::size_t>(g) * hours + h]; }
@@ -45,6 +49,9 @@ struct WindowIrradiance {
   double beam = 0, sky = 0, ground = 0;
 };
 WindowIrradiance windowIrradiance(const WindowClass& wc, const GroupIrradiance& irr, int hour);
+// The same with the class's overhang sky factor given (it does not change
+// from hour to hour).
+WindowIrradiance windowIrradiance(const WindowClass& wc, const GroupIrradiance& irr, int hour, double overhangSky);
 
 // Exterior surface coefficient, convective and radiative (Btu/h·ft²·°F), at a
 // wind speed in mph.

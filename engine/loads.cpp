@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "engine/daylight.h"
 #include "engine/envelope.h"
@@ -53,16 +54,30 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
   std::vector<ZoneState> state(nz);
   std::vector<ZoneNetwork> nets(nz);
   std::vector<double> hRoof(nz), hWall(nz);
+  // Each zone's exterior conductances summed per class and category: rows of
+  // one construction facing one way cost one term per hour, not one per row.
+  std::vector<std::vector<ZoneElement>> terms(nz);
   for (std::size_t z = 0; z < nz; ++z) {
     const ZoneModel& zm = m.zones[z];
     nets[z] = {zm.hIs, zm.hMs, zm.capacity};
-    for (const ZoneElement& e : zm.elements) (e.roof ? hRoof[z] : hWall[z]) += e.conductance;
+    for (const ZoneElement& e : zm.elements) {
+      (e.roof ? hRoof[z] : hWall[z]) += e.conductance;
+      auto same = std::find_if(terms[z].begin(), terms[z].end(),
+                               [&](const ZoneElement& t) { return t.cls == e.cls && t.roof == e.roof; });
+      if (same == terms[z].end()) terms[z].push_back(e);
+      else same->conductance += e.conductance;
+    }
     state[z].thetaM = 0.5 * (zm.lowerOcc[0] + zm.upperOcc[0]);
     for (auto& t : res.zones[z].temps.max) t = -1e9;
     for (auto& t : res.zones[z].temps.min) t = 1e9;
   }
   std::vector<ZoneDaylight> daylight(nz);
   for (std::size_t z = 0; z < nz; ++z) daylight[z] = zoneDaylight(m.zones[z], m, m.daylight);
+  // The overhang's sky factor of each window class, fixed for the year.
+  std::vector<std::vector<double>> overhangSky(nz);
+  for (std::size_t z = 0; z < nz; ++z)
+    for (const WindowClass& wc : m.zones[z].windows)
+      overhangSky[z].push_back(overhangSkyFactor(wc.overhang, wc.height, wc.gapHeight));
 
   std::size_t accumulatedDays = 0;
   for (const RunDay& rd : cal.sequence) accumulatedDays += rd.accumulate ? 1 : 0;
@@ -87,6 +102,9 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
       // Outdoor illuminance of the hour for daylighting: diffuse and beam on the horizontal.
       const double beamH = std::max(0.0, wh.globalH - wh.diffuseH);
       const double globalIlluminance = kDiffuseEfficacy * wh.diffuseH + kBeamEfficacy * beamH;
+      // The air a cooling coil leaves in the room, 50 % at the upper set-point;
+      // zones mostly share that set-point, so the last one is kept.
+      double heldUp = std::numeric_limits<double>::quiet_NaN(), heldW = 0;
 
       for (std::size_t z = 0; z < nz; ++z) {
         const ZoneModel& zm = m.zones[z];
@@ -102,9 +120,8 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         double solar = 0, windowSky = 0, beamLight = 0;
         for (std::size_t k = 0; k < zm.windows.size(); ++k) {
           const WindowClass& wc = zm.windows[k];
-          windowSky += wc.uaEmissivity * skyLongWave(thetaO, wh.skyIr, m.groups[wc.group].tilt, 1.0);
-          const double ct = irr.at(irr.cosIncidence, wc.group, t);
-          const WindowIrradiance wi = windowIrradiance(wc, irr, t);
+          windowSky += wc.uaEmissivity * irr.at(irr.skyLoss, wc.group, t);
+          const WindowIrradiance wi = windowIrradiance(wc, irr, t, overhangSky[z][k]);
           const double beam = wi.beam, sky = wi.sky, gnd = wi.ground;
           double attenuation = 1.0;
           const bool inSeason = wc.season == 'B' || (wc.season == 'S') == summer[day.month];
@@ -116,7 +133,7 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
           // Beam lands on the floor; what it reflects joins the diffuse light, a
           // share of which leaves again through the glazing.
           if (dl.on) beamLight += dl.beamPlane[k] * beam;
-          const double beamIn = beam * angularShgc(ct), diffuseIn = 0.87 * (sky + gnd);
+          const double beamIn = beam * irr.at(irr.angular, wc.group, t), diffuseIn = 0.87 * (sky + gnd);
           solar += wc.areaShgc * attenuation *
                    (beamIn * (1.0 - zm.solarEscape * (1.0 - kInteriorAbsorptance)) + diffuseIn * (1.0 - zm.solarEscape));
         }
@@ -131,7 +148,7 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         const double lights = lightsFullW * dimming * kBtuPerWh, equip = zm.equipmentW * fLite * kBtuPerWh;
 
         double sumRoof = 0, sumWall = 0;
-        for (const ZoneElement& e : zm.elements) (e.roof ? sumRoof : sumWall) += e.conductance * tEq[e.cls][t];
+        for (const ZoneElement& e : terms[z]) (e.roof ? sumRoof : sumWall) += e.conductance * tEq[e.cls][t];
         HourInputs in;
         in.thetaO = thetaO;
         in.hX = zm.hWindow + hRoof[z] + hWall[z];
@@ -197,7 +214,8 @@ LoadsResult runLoads(const SimModel& m, const WeatherYear& w, const Calendar& ca
         // hours; otherwise the room air follows a one-node balance.
         const double nvCfm = cpAir > 0 ? hNv / cpAir : 0.0;
         if (load > 0) {
-          st.w = humidityRatioFromRh(up, 0.5, wh.pressure);
+          if (up != heldUp) heldUp = up, heldW = humidityRatioFromRh(up, 0.5, wh.pressure);
+          st.w = heldW;
           lr.rows[kPeopleLatent] = peopleLat;
           lr.rows[kInfiltrationLatent] = latentAir * zm.infiltrationCfm * (wOut - st.w);
           lr.rows[kVentilationLatent] = latentAir * (nvCfm + coilOaCfm) * (wOut - st.w);

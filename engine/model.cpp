@@ -197,7 +197,9 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
   std::map<std::tuple<long, long, long, long, long, long>, int> groupIndex;
   std::map<std::tuple<int, int, long, long, long>, int> classIndex;
   auto groupOf = [&](const OrientationGroup& g) {
-    const auto key = std::make_tuple(std::lround(g.azimuth / kDeg * 10), std::lround(g.tilt / kDeg * 10),
+    // A plane facing straight up sees the same sun and sky whatever its azimuth.
+    const long azimuthKey = g.tilt < 1e-9 ? 0 : std::lround(g.azimuth / kDeg * 10);
+    const auto key = std::make_tuple(azimuthKey, std::lround(g.tilt / kDeg * 10),
                                      std::lround(g.groundReflectance * 1000), std::lround(g.finRight * 1000),
                                      std::lround(g.finLeft * 1000), std::lround(g.obstruction * 1000));
     auto it = groupIndex.find(key);

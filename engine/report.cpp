@@ -772,7 +772,7 @@ std::string writeWeatherSummary(const ReportContext& c, int& page) {
   const double ddUnit = si ? 1.0 / 1.8 : 1.0;
   const double base = 65.0;
   struct DayStats { double max, min, mean, dew, wb, rh, solar, wind, hdd, cdd, kt; };
-  auto dayStats = [&](int d) {
+  auto computeDayStats = [&](int d) {
     DayStats ds{-1e9, 1e9, 0, 0, 0, 0, 0, 0, 0, 0, 0};
     for (int h = 0; h < 24; ++h) {
       const WeatherHour& wh = w.hours[static_cast<std::size_t>(d - 1) * 24 + h];
@@ -790,6 +790,11 @@ std::string writeWeatherSummary(const ReportContext& c, int& page) {
     ds.kt = d - 1 < static_cast<int>(w.dailyClearness.size()) ? w.dailyClearness[d - 1] : 0.0;
     return ds;
   };
+  // Each day once: the monthly table and the daily blocks both read them.
+  std::vector<DayStats> days;
+  days.reserve(static_cast<std::size_t>(w.days));
+  for (int d = 1; d <= w.days; ++d) days.push_back(computeDayStats(d));
+  auto dayStats = [&](int d) -> const DayStats& { return days[static_cast<std::size_t>(d - 1)]; };
 
   p.line("    MONTHLY SUMMARY OF THE WEATHER USED");
   p.line("     MON  MEAN DB   INPUT   MAX DB   INPUT  MEAN DP   INPUT    SOLAR    INPUT   WIND  INPUT    HDD65   CDD65   LOWEST HIGHEST");

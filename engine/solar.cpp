@@ -85,10 +85,14 @@ PerezCoefficients perezCoefficients(double dh, double dn, double extraNormal, do
 
 double perezSkyDiffuse(double dh, const PerezCoefficients& c, double cosTheta, double cosZ,
                        double tilt) {
+  return perezSkyDiffuse(dh, c, cosTheta, cosZ, std::cos(tilt), std::sin(tilt));
+}
+
+double perezSkyDiffuse(double dh, const PerezCoefficients& c, double cosTheta, double cosZ,
+                       double cosTilt, double sinTilt) {
   const double a = std::max(0.0, cosTheta);
   const double b = std::max(std::cos(85.0 * kDeg), cosZ);
-  const double v = dh * ((1.0 - c.f1) * (1.0 + std::cos(tilt)) / 2.0 + c.f1 * a / b +
-                         c.f2 * std::sin(tilt));
+  const double v = dh * ((1.0 - c.f1) * (1.0 + cosTilt) / 2.0 + c.f1 * a / b + c.f2 * sinTilt);
   return std::max(0.0, v);
 }
 

@@ -55,5 +55,9 @@ PerezCoefficients perezCoefficients(double diffuseH, double directN, double extr
 // f1 = f2 = 0 is the isotropic sky.
 double perezSkyDiffuse(double diffuseH, const PerezCoefficients& c, double cosIncidence,
                        double cosZenith, double tilt);
+// The same with the plane's cosine and sine of tilt given, for a plane met
+// every hour.
+double perezSkyDiffuse(double diffuseH, const PerezCoefficients& c, double cosIncidence,
+                       double cosZenith, double cosTilt, double sinTilt);
 
 }  // namespace tarn

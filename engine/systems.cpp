@@ -48,6 +48,16 @@ double dxRatedCop(int coolType, double seerField) {
   return eer / 3.412;
 }
 
+double compressorCoolingCop(double ratedCop) {
+  const double fanFree = 1.0 / ratedCop - kRatedFanHeatShare;
+  return ratedCop > 0 && fanFree > 0 ? (1.0 + kRatedFanHeatShare) / fanFree : ratedCop;
+}
+
+double compressorHeatingCop(double ratedCop) {
+  const double fanFree = 1.0 / ratedCop - kRatedFanHeatShare;
+  return ratedCop > 0 && fanFree > 0 ? (1.0 - kRatedFanHeatShare) / fanFree : ratedCop;
+}
+
 namespace {
 
 // Head pressure control keeps the condenser as if the outdoor air were at
@@ -319,10 +329,10 @@ EnergyResult runSystems(const SimModel& m, const LoadsResult& loads, const Weath
     s.supply = std::max({coolFlow, heatFlow, s.outsideAir});
     if (zm.oaKind == ZoneModel::OutsideAirKind::PercentOfSupply) s.outsideAir = zm.oaRate / 100.0 * s.supply;
     s.fanKw = designFanKw(zm.coolType, s.supply, zm.staticPressure);
-    s.dxCop = dxRatedCop(zm.coolType, zm.seer);
+    s.dxCop = compressorCoolingCop(dxRatedCop(zm.coolType, zm.seer));
     s.plantEer = zm.seer > 0 ? zm.seer : 10.0;
     s.heatPump = zm.coolType == 7 || zm.heatType == 3;
-    s.cop47 = zm.heatType == 3 && zm.heatCop > 0 ? zm.heatCop : 2.4;
+    s.cop47 = compressorHeatingCop(zm.heatType == 3 && zm.heatCop > 0 ? zm.heatCop : 2.4);
     s.gasEta = gasEfficiency(zm.heatCop);
     s.resistanceCop = zm.heatCop > 0 ? std::min(1.0, zm.heatCop) : 1.0;
     if (zm.heatType == 2 && zm.heatCop > 1.0)

@@ -34,6 +34,14 @@ double chillerKw(double load, double capacity, double eer);
 // DX cooling: the rated COP (Btu/Btu) of a type's SEER field (EER for type 8,
 // 0 = SEER 10), and capacity, COP and power at an outdoor temperature.
 double dxRatedCop(int coolType, double seerField);
+// Ratings of packaged units include their indoor fan: its power in the
+// denominator, its heat in the capacity (AHRI: 400 cfm per ton at 0.365 W/cfm
+// when the rating has no fan of its own). The engine runs that fan on its own
+// (fan energy, fan heat at the coil), so the compressor works at the rating's
+// COP net of that fan, in cooling and in heat pump heating.
+inline constexpr double kRatedFanHeatShare = 3.412 * 0.365 * 400.0 / 12000.0;  // fan heat per unit of capacity
+double compressorCoolingCop(double ratedCop);
+double compressorHeatingCop(double ratedCop);
 double dxCapacity(double ratedCapacity, double outdoorF);
 double dxCop(double ratedCop, double outdoorF);
 double dxCoolingKw(double load, double ratedCapacity, double ratedCop, double outdoorF);

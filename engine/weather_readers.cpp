@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <deque>
 #include <limits>
 #include <vector>
 
@@ -54,41 +57,151 @@ double field(std::string_view line, std::size_t col, std::size_t width) {
 
 double orNaN(double v, bool missing) { return missing ? kNaN : v; }
 
-// Splits a comma-separated line, honouring double quotes.
-std::vector<std::string> splitCsv(std::string_view line) {
-  std::vector<std::string> out(1);
-  bool quoted = false;
-  for (char c : line) {
-    if (c == '"') quoted = !quoted;
-    else if (c == ',' && !quoted) out.emplace_back();
-    else out.back() += c;
+// The lines of a text as views into it; a line ends at CR LF, LF or CR, and
+// bytes after the last end are one more line. The ends are found with memchr,
+// the next LF being kept until a line passes it.
+std::vector<std::string_view> lineViews(std::string_view text) {
+  std::vector<std::string_view> lines;
+  lines.reserve(text.size() / 64 + 1);
+  const char* const base = text.data();
+  const std::size_t n = text.size();
+  auto find = [&](char c, std::size_t from, std::size_t to) {
+    const void* at = to > from ? std::memchr(base + from, c, to - from) : nullptr;
+    return at ? static_cast<std::size_t>(static_cast<const char*>(at) - base) : to;
+  };
+  std::size_t start = 0, lf = find('\n', 0, n);
+  while (start < n) {
+    if (lf < start) lf = find('\n', start, n);
+    const std::size_t cr = find('\r', start, lf);
+    const std::size_t end = std::min(cr, lf);
+    lines.push_back(text.substr(start, end - start));
+    if (end == n) break;
+    start = end + 1;
+    if (end == cr && cr + 1 == lf) start = lf + 1;
   }
-  return out;
+  return lines;
 }
 
-double num(const std::vector<std::string>& f, std::size_t i) {
-  if (i >= f.size()) return kNaN;
-  const std::string& s = f[i];
-  if (s.find_first_not_of(" \t") == std::string::npos) return kNaN;
+// The comma-separated fields of a line as views into it, reused line after
+// line so a year of records allocates nothing per field. Double quotes group
+// a field and are dropped from it.
+class CsvFields {
+ public:
+  void split(std::string_view line) {
+    fields_.clear();
+    unquoted_.clear();
+    if (line.find('"') != std::string_view::npos) return splitQuoted(line);
+    std::size_t start = 0;
+    for (;;) {
+      const std::size_t comma = line.find(',', start);
+      if (comma == std::string_view::npos) break;
+      fields_.push_back(line.substr(start, comma - start));
+      start = comma + 1;
+    }
+    fields_.push_back(line.substr(start));
+  }
+  std::size_t size() const { return fields_.size(); }
+  std::string_view operator[](std::size_t i) const { return fields_[i]; }
+
+ private:
+  void splitQuoted(std::string_view line) {
+    std::size_t start = 0;
+    bool quoted = false, hadQuote = false;
+    for (std::size_t i = 0; i <= line.size(); ++i) {
+      if (i < line.size()) {
+        const char c = line[i];
+        if (c == '"') quoted = !quoted, hadQuote = true;
+        if (c != ',' || quoted) continue;
+      }
+      const std::string_view f = line.substr(start, i - start);
+      if (hadQuote) {
+        std::string& u = unquoted_.emplace_back();
+        for (char c : f)
+          if (c != '"') u += c;
+        fields_.push_back(u);
+      } else {
+        fields_.push_back(f);
+      }
+      start = i + 1;
+      hadQuote = false;
+    }
+  }
+
+  std::vector<std::string_view> fields_;
+  std::deque<std::string> unquoted_;  // stable storage for fields that had quotes
+};
+
+// A plain decimal of at most 15 digits without exponent, [-]digits[.digits],
+// as the correctly rounded double: the digits and the power of ten are both
+// exact doubles, so one division rounds once, as std::from_chars does. False
+// for anything else.
+bool plainDecimal(const char* b, const char* e, double& out) {
+  static constexpr double kTens[16] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const bool negative = b < e && *b == '-';
+  if (negative) ++b;
+  std::uint64_t digits = 0;
+  int count = 0, decimals = 0;
+  bool point = false;
+  for (; b < e; ++b) {
+    if (*b >= '0' && *b <= '9') {
+      digits = digits * 10 + static_cast<std::uint64_t>(*b - '0');
+      if (++count > 15) return false;
+      if (point) ++decimals;
+    } else if (*b == '.' && !point) {
+      point = true;
+    } else {
+      return false;
+    }
+  }
+  if (count == 0) return false;
+  const double v = static_cast<double>(digits) / kTens[decimals];
+  out = negative ? -v : v;
+  return true;
+}
+
+// The shared leading-number parse, with fast paths for a field that is one
+// plain number, the form recorded files hold.
+double leadingValue(std::string_view s) {
+  std::size_t b = 0, e = s.size();
+  while (b < e && (s[b] == ' ' || s[b] == '\t')) ++b;
+  while (e > b && (s[e - 1] == ' ' || s[e - 1] == '\t')) --e;
+  double v = 0;
+  if (plainDecimal(s.data() + b, s.data() + e, v)) return v;
+  const std::size_t first = b < e && s[b] == '-' ? b + 1 : b;
+  if (first < e && ((s[first] >= '0' && s[first] <= '9') || s[first] == '.')) {
+    const auto r = std::from_chars(s.data() + b, s.data() + e, v);
+    if (r.ec == std::errc() && r.ptr == s.data() + e) return v;
+  }
   return marloven::leadingNumber(s);
 }
 
-RawFile readEpw(const std::vector<std::string>& lines, RunLog& log) {
+double num(const CsvFields& f, std::size_t i) {
+  if (i >= f.size()) return kNaN;
+  const std::string_view s = f[i];
+  if (s.find_first_not_of(" \t") == std::string_view::npos) return kNaN;
+  return leadingValue(s);
+}
+
+RawFile readEpw(const std::vector<std::string_view>& lines, RunLog& log) {
   RawFile f;
+  CsvFields v;
   if (!lines.empty() && lines[0].rfind("LOCATION,", 0) == 0) {
-    const auto loc = splitCsv(lines[0]);
+    v.split(lines[0]);
+    const CsvFields& loc = v;
     if (loc.size() >= 10) {
       f.hasSite = true;
       f.site.latitude = num(loc, 6);
       f.site.longitude = -num(loc, 7);
       f.site.meridian = -15.0 * num(loc, 8);
       f.site.elevation = num(loc, 9) / 0.3048;
-      f.station = loc[1] + " " + loc[2];
+      f.station = std::string(loc[1]) + " " + std::string(loc[2]);
     }
   }
+  f.hours.reserve(lines.size());
   for (std::size_t i = 8; i < lines.size(); ++i) {
-    if (lines[i].find_first_not_of(" \t") == std::string::npos) continue;
-    const auto v = splitCsv(lines[i]);
+    if (lines[i].find_first_not_of(" \t") == std::string_view::npos) continue;
+    v.split(lines[i]);
     if (v.size() < 22) {
       log.warning(where(i + 1), "record with " + std::to_string(v.size()) + " fields skipped");
       continue;
@@ -116,21 +229,24 @@ RawFile readEpw(const std::vector<std::string>& lines, RunLog& log) {
   return f;
 }
 
-RawFile readTmy3(const std::vector<std::string>& lines) {
+RawFile readTmy3(const std::vector<std::string_view>& lines) {
   RawFile f;
+  CsvFields v;
   if (!lines.empty()) {
-    const auto head = splitCsv(lines[0]);
+    v.split(lines[0]);
+    const CsvFields& head = v;
     if (head.size() >= 7) {
       f.hasSite = true;
       f.site.latitude = num(head, 4);
       f.site.longitude = -num(head, 5);
       f.site.meridian = -15.0 * num(head, 3);
       f.site.elevation = num(head, 6) / 0.3048;
-      f.station = head[0] + " " + head[1] + " " + head[2];
+      f.station = std::string(head[0]) + " " + std::string(head[1]) + " " + std::string(head[2]);
     }
   }
+  f.hours.reserve(lines.size());
   for (std::size_t i = 2; i < lines.size(); ++i) {
-    const auto v = splitCsv(lines[i]);
+    v.split(lines[i]);
     if (v.size() < 47) continue;
     RawHour h;
     h.month = static_cast<int>(num(v, 0));
@@ -164,10 +280,10 @@ void fixedWidthFields(RawHour& h, double gh, double dn, double dh, double toBtu,
   h.wind = orNaN(ws / 10.0 * kMsToMph, !(ws >= 0 && ws < windMissing));
 }
 
-RawFile readTmy2(const std::vector<std::string>& lines) {
+RawFile readTmy2(const std::vector<std::string_view>& lines) {
   RawFile f;
   if (lines.empty()) return f;
-  const std::string& head = lines[0];
+  const std::string_view head = lines[0];
   // Column positions as the NREL files have them (checked against a real .tm2).
   const double tz = field(head, 34, 3), latD = field(head, 40, 2), latM = field(head, 43, 2),
                lonD = field(head, 48, 3), lonM = field(head, 52, 2), elev = field(head, 56, 4);
@@ -184,7 +300,7 @@ RawFile readTmy2(const std::vector<std::string>& lines) {
     while (!f.station.empty() && f.station.back() == ' ') f.station.pop_back();
   }
   for (std::size_t i = 1; i < lines.size(); ++i) {
-    const std::string& l = lines[i];
+    const std::string_view l = lines[i];
     if (l.size() < 98) continue;
     RawHour h;
     h.month = static_cast<int>(field(l, 4, 2));
@@ -200,9 +316,9 @@ RawFile readTmy2(const std::vector<std::string>& lines) {
   return f;
 }
 
-RawFile readWyec2(const std::vector<std::string>& lines) {
+RawFile readWyec2(const std::vector<std::string_view>& lines) {
   RawFile f;
-  for (const std::string& l : lines) {
+  for (const std::string_view l : lines) {
     if (l.size() < 107) continue;
     RawHour h;
     h.month = static_cast<int>(field(l, 9, 2));
@@ -217,10 +333,10 @@ RawFile readWyec2(const std::vector<std::string>& lines) {
   return f;
 }
 
-RawFile readCustom(const std::vector<std::string>& lines, RunLog& log) {
+RawFile readCustom(const std::vector<std::string_view>& lines, RunLog& log) {
   RawFile f;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    std::string l = lines[i];
+    std::string l(lines[i]);
     const std::size_t first = l.find_first_not_of(" \t");
     if (first == std::string::npos) continue;
     if (!(l[first] >= '0' && l[first] <= '9') && l[first] != '-' && l[first] != '.') {
@@ -311,7 +427,7 @@ WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int yea
   const WeatherFormat format = detectFormat(bytes, declared);
   if (format != declared)
     log.warning(kWhere, "the file's content shows a different format than the control file names; read by its content");
-  const std::vector<std::string> lines = marloven::splitLines(bytes);
+  const std::vector<std::string_view> lines = lineViews(bytes);
   RawFile raw;
   const char* name = "";
   switch (format) {
@@ -382,6 +498,7 @@ WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int yea
 
   wy.hours.resize(need);
   const double lat = wy.site.latitude * kDeg;
+  DayAstro astro{};
   for (std::size_t i = 0; i < need; ++i) {
     WeatherHour& w = wy.hours[i];
     w.dryBulb = db[i];
@@ -391,7 +508,8 @@ WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int yea
     w.globalH = std::max(0.0, gh[i]);
     const int day = static_cast<int>(i / 24) + 1;
     const double hour = static_cast<double>(i % 24) + 0.5;
-    const DayAstro a = dayAstro(day);
+    if (i % 24 == 0) astro = dayAstro(day);
+    const DayAstro& a = astro;
     const double omega = 15.0 * kDeg * (solarTime(hour, wy.site, a.equationOfTime) - 12.0);
     const double sinAlt = sunVector(lat, a.declination, omega).u;
     double dn = dnRaw[i], dh = dhRaw[i];

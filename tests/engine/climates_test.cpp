@@ -22,10 +22,10 @@ struct Use {
   MonthEnergy year;  // annual sums by end use
 };
 
-Use runOffice(const std::string& city, const std::string& epw) {
-  const std::string dir = std::string(TARN_FIXTURES) + "/office/";
+Use runOffice(const std::string& city, const std::string& epw, const std::string& fixture = "office") {
+  const std::string dir = std::string(TARN_FIXTURES) + "/" + fixture + "/";
   marloven::testing::TempInstall scratch;
-  scratch.write("ecalc$.inp", marloven::readFile(dir + "office_" + city + ".inp"));
+  scratch.write("ecalc$.inp", marloven::readFile(dir + fixture + "_" + city + ".inp"));
   scratch.write("ecalc$.tmp", marloven::readFile(dir + "year.tmp"));
   scratch.write("ecalc$.tmy", marloven::readFile(epw));
   RunLog log;
@@ -82,3 +82,35 @@ TEST(OfficeClimates, EnergyUseIntensityInThePublishedRange) {
 }
 
 }  // namespace
+
+// The U.S. DOE prototype small office (90.1-2007) as tools/validation/
+// make_prototype_office.py writes it, against the prototype's published site
+// energy of its six end uses (exterior lighting left out): NREL/openstudio-
+// standards, data/standards/legacy_idf_results.json at 19840a63a5c8, SmallOffice
+// 90.1-2007, in GJ over 511.16 m2: 1A 231.19, 4A 202.33, 6A 205.37 GJ.
+TEST(PrototypeOffice, SiteEnergyNearThePublishedPrototype) {
+  const std::string weather = std::string(TARN_WEATHER_DIR) + "/recorded/";
+  const std::string miami = weather + "USA_FL_Miami.Intl.AP.722020_TMY3.epw";
+  const std::string baltimore = weather + "USA_MD_Baltimore-Washington.Intl.AP.724060_TMY3.epw";
+  const std::string minneapolis = weather + "USA_MN_Minneapolis-St.Paul.Intl.AP.726580_TMY3.epw";
+  for (const std::string& f : {miami, baltimore, minneapolis})
+    if (!std::filesystem::exists(f)) GTEST_SKIP() << "recorded weather not found at " << f;
+  const double kBtuPerFt2PerGj = 947.817 / (511.16 * 10.76391);
+  struct Case {
+    const char* name;
+    Use ours;
+    double siteGj, coolingGj;
+  };
+  const Case cases[] = {{"1A", runOffice("miami", miami, "prototype"), 231.19, 61.33},
+                        {"4A", runOffice("baltimore", baltimore, "prototype"), 202.33, 25.16},
+                        {"6A", runOffice("minneapolis", minneapolis, "prototype"), 205.37, 14.81}};
+  for (const Case& c : cases) {
+    EXPECT_NEAR(c.ours.siteKbtuPerFt2, c.siteGj * kBtuPerFt2PerGj, 0.15 * c.siteGj * kBtuPerFt2PerGj) << c.name;
+    const double coolingKbtuPerFt2 = c.ours.coolingKwh * kBtuPerKwh / 1000.0 / 5502.2;
+    EXPECT_NEAR(coolingKbtuPerFt2, c.coolingGj * kBtuPerFt2PerGj, 0.30 * c.coolingGj * kBtuPerFt2PerGj) << c.name;
+  }
+  EXPECT_GT(cases[2].ours.heatingKbtu, 2.0 * cases[1].ours.heatingKbtu);  // the prototype: 2.4 times
+  EXPECT_GT(cases[1].ours.heatingKbtu, 10.0 * cases[0].ours.heatingKbtu);
+  EXPECT_GT(cases[0].ours.coolingKwh, 2.0 * cases[1].ours.coolingKwh);    // the prototype: 2.4 times
+  EXPECT_GT(cases[1].ours.coolingKwh, cases[2].ours.coolingKwh);
+}

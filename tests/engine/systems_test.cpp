@@ -90,6 +90,22 @@ TEST(Cooling, DxEfficiencyCapacityAndPartLoad) {
   EXPECT_NEAR(dxCoolingKw(50000, 36000, 3.0, 95), 36000 / 3.0 / 3412, 1e-12);
 }
 
+// The rating's own fan taken out of the compressor's COP: with that fan run
+// beside it at the rating's 0.365 W/cfm and 400 cfm/ton, compressor and fan
+// together use what the rating says, in cooling and in heat pump heating.
+TEST(Cooling, RatedEfficiencyNetOfTheIndoorFan) {
+  const double eer = 1.12 * 13 - 0.02 * 169, netCapacity = 36000;  // SEER 13, 3 tons
+  const double fanKw = 0.365 * 400 * 3 / 1000.0;
+  const double cool = compressorCoolingCop(eer / 3.412);
+  EXPECT_NEAR(cool, 3.95, 0.01);
+  const double grossCoil = netCapacity + fanKw * 3412;  // the coil also removes the fan's heat
+  EXPECT_NEAR(grossCoil / cool / 3412 + fanKw, netCapacity / eer / 1000, 1e-9);
+  const double heat = compressorHeatingCop(3.3);
+  const double grossHeat = netCapacity - fanKw * 3412;  // the fan's heat is part of the rated output
+  EXPECT_NEAR(grossHeat / heat / 3412 + fanKw, netCapacity / 3.3 / 3412, 1e-9);
+  EXPECT_NEAR(compressorHeatingCop(1.0), 1.0, 1e-12);  // nothing to gain at resistance-heat efficiency
+}
+
 TEST(Cooling, ChilledWaterPartLoadCurve) {
   EXPECT_NEAR(chillerPartLoadCurve(1.0), 1.0, 1e-12);
   EXPECT_NEAR(chillerKw(120000, 120000, 10), 12.0, 1e-12);
@@ -167,7 +183,7 @@ TEST(SystemsRun, CoolingElectricityIsCoilLoadOverEfficiency) {
     for (int d = 1; d <= 20; ++d) r->hour(d, 14, 24000, 78, 1.0, 2.0);
   const EnergyResult e = dx.run();
   const double plf = 1 - 0.15 * (1 - 1 / 1.15);
-  const double cop = (1.12 * 13 - 0.02 * 169) / 3.412;
+  const double cop = compressorCoolingCop((1.12 * 13 - 0.02 * 169) / 3.412);
   EXPECT_NEAR(sum(e, &HourEnergy::cooling), sum(e, &HourEnergy::coolingLoad) * 1000 / (cop * plf) / 3412, 1e-6);
   EXPECT_GT(sum(e, &HourEnergy::coolingLoad), 40 * 24.0);  // fan heat on top of the zone's load
 
@@ -188,10 +204,11 @@ TEST(SystemsRun, HeatingSources) {
   const EnergyResult g = gas.run();
   EXPECT_NEAR(sum(g, &HourEnergy::spaceGas), sum(g, &HourEnergy::heatingLoad) / 0.8, 1e-9);  // Heat COP 80 → 0.8
   EXPECT_DOUBLE_EQ(sum(g, &HourEnergy::heatingElec), 0.0);
-  // A type-7 zone with gas heating still heats by its heat pump, COP 2.4 at 47 °F.
+  // A type-7 zone with gas heating still heats by its heat pump, rated COP 2.4 at 47 °F.
   const EnergyResult h = hp.run();
   EXPECT_DOUBLE_EQ(sum(h, &HourEnergy::spaceGas), 0.0);
-  EXPECT_NEAR(sum(h, &HourEnergy::heatingElec), sum(h, &HourEnergy::heatingLoad) * 1000 / 2.4 / 3412, 1e-9);
+  EXPECT_NEAR(sum(h, &HourEnergy::heatingElec), sum(h, &HourEnergy::heatingLoad) * 1000 / compressorHeatingCop(2.4) / 3412,
+              1e-9);
   // Below 0 °F everything is resistance backup.
   const EnergyResult c = cold.run();
   EXPECT_NEAR(sum(c, &HourEnergy::heatingElec), sum(c, &HourEnergy::heatingLoad) * 1000 / 3412, 1e-9);

@@ -141,6 +141,8 @@ TEST(Psychrometrics, HandbookValues) {
   EXPECT_NEAR(humidityRatioFromDewPoint(55.0, 29.921), 0.00917, 0.0001);
   EXPECT_NEAR(relativeHumidity(68.0, 68.0), 1.0, 1e-12);
   EXPECT_NEAR(wetBulb(95.0, 75.0, 29.921), 80.5, 0.5);
+  // Saturated air is its own wet bulb, over ice and over water.
+  for (double t : {20.0, 31.9, 32.1, 70.0}) EXPECT_NEAR(wetBulb(t, t, 29.921), t, 1e-6) << t;
   EXPECT_NEAR(dewPointFromRh(77.0, relativeHumidity(77.0, 50.0)), 50.0, 1e-6);
 }
 
@@ -190,6 +192,39 @@ TEST(WeatherReaders, EpwUnitsGapsAndLocation) {
   EXPECT_NEAR(w.hours[0].skyIr, 300 * 0.3170, 1e-9);  // the file's sky long-wave wins
   // Three missing hours are interpolated linearly between 14.5 C and 16.5 C.
   EXPECT_NEAR(w.hours[11].dryBulb, (15.5 * 1.8 + 32), 1e-9);
+}
+
+// The same year written with other line ends, a quoted station name holding a
+// comma and numbers in other spellings reads to the same hours.
+TEST(WeatherReaders, EpwLineEndsQuotesAndNumberSpellings) {
+  RunLog log;
+  const std::string crlf = epwSnippet(8760, true);
+  const WeatherYear base = readRecorded(crlf, WeatherFormat::Epw, 2025, denverSite(), log);
+  auto replaced = [](std::string s, const std::string& from, const std::string& to) {
+    for (std::size_t at = s.find(from); at != std::string::npos; at = s.find(from, at + to.size()))
+      s.replace(at, from.size(), to);
+    return s;
+  };
+  const std::string variants[] = {
+      replaced(crlf, "\r\n", "\n"), replaced(crlf, "\r\n", "\r"),
+      replaced(crlf, "LOCATION,TESTVILLE,", "LOCATION,\"TEST, VILLE\","),
+      // 83700 Pa as +83700, 4.0 m/s as 4.0e0 and " 4 ", 0.0 C dew point as -0.0, .00
+      replaced(replaced(crlf, ",83700,", ",+83700,"), ",4.0,5,5", ",4.0e0,5,5"),
+      replaced(replaced(crlf, ",4.0,5,5", ", 4 ,5,5"), ",0.0,50,", ",-.00,50,")};
+  for (const std::string& v : variants) {
+    const WeatherYear w = readRecorded(v, WeatherFormat::Epw, 2025, denverSite(), log);
+    ASSERT_EQ(w.hours.size(), base.hours.size());
+    EXPECT_NEAR(w.site.latitude, 39.83, 1e-12);
+    for (std::size_t i = 0; i < w.hours.size(); i += 97) {
+      EXPECT_EQ(w.hours[i].dryBulb, base.hours[i].dryBulb) << i;
+      EXPECT_EQ(w.hours[i].dewPoint, base.hours[i].dewPoint) << i;
+      EXPECT_EQ(w.hours[i].pressure, base.hours[i].pressure) << i;
+      EXPECT_EQ(w.hours[i].wind, base.hours[i].wind) << i;
+      EXPECT_EQ(w.hours[i].directN, base.hours[i].directN) << i;
+    }
+  }
+  EXPECT_NE(readRecorded(variants[2], WeatherFormat::Epw, 2025, denverSite(), log).source.find("TEST, VILLE CO"),
+            std::string::npos);
 }
 
 TEST(WeatherReaders, LeapYearsAndShortFiles) {

@@ -1,8 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
 
+#include "common/file_io.h"
+#include "engine/engine_run.h"
 #include "engine/zone_balance.h"
+#include "support/temp_install.h"
 
 using namespace tarn;
 
@@ -80,4 +84,54 @@ TEST(Zone, OutsideAirAtTheCoilOrInTheZoneAtASetPoint) {
   }
   // Floating, the same air cools the zone and its mass.
   EXPECT_LT(zh.finish(hInf + hOa, 0.0).thetaMNew, zh.finish(hInf, 0.0).thetaMNew);
+}
+
+namespace {
+
+// Case 600 run on the weather synthesized from its statistics.
+Simulation runCase600(const std::string& project) {
+  std::string control = marloven::readFile(std::string(TARN_FIXTURES) + "/bestest/hvac.tmp");
+  control.replace(control.find("Wthr type :  4"), 14, "Wthr type :  0");
+  marloven::testing::TempInstall scratch;
+  scratch.write("ecalc$.inp", project);
+  scratch.write("ecalc$.tmp", control);
+  RunLog log;
+  return simulate(scratch.root(), log).value();
+}
+
+std::string replacedOnce(std::string text, const std::string& from, const std::string& to) {
+  const std::size_t at = text.find(from);
+  EXPECT_NE(at, std::string::npos) << from;
+  if (at != std::string::npos) text.replace(at, from.size(), to);
+  return text;
+}
+
+}  // namespace
+
+// Rows of one construction facing one way are summed into one term of the
+// hour's balance, and a flat roof sees the same sky whatever way its row says
+// it faces: a split wall and a turned roof leave the loads as they were.
+TEST(LoadsPass, SplitRowsAndTurnedRoofsGiveTheSameLoads) {
+  const std::string base = marloven::readFile(std::string(TARN_FIXTURES) + "/bestest/case600.inp");
+  const std::string south =
+      "Wall ID.   1 \r\nWall Area  232.5 \r\nWallOrien  180 \r\nSurf Exp.  2 \r\nExt. Shd. N0\r\nWindow ID  1 \r\n"
+      "Win. Area  129.17 \r\n";
+  const std::string half =
+      "Wall ID.   1 \r\nWall Area  116.25 \r\nWallOrien  180 \r\nSurf Exp.  2 \r\nExt. Shd. N0\r\nWindow ID  1 \r\n"
+      "Win. Area  64.585 \r\n";
+  const std::size_t at = base.find(south);
+  ASSERT_NE(at, std::string::npos);
+  const std::size_t end = base.find("Wall ID.", at + 1);
+  const std::string rest = base.substr(at + south.size(), end - at - south.size());
+  const std::string split = base.substr(0, at) + half + rest + half + rest + base.substr(end);
+  const std::string turned = replacedOnce(base, "WallOrien  0 \r\nSurf Exp.  6 ", "WallOrien  137 \r\nSurf Exp.  6 ");
+
+  const Simulation a = runCase600(base), b = runCase600(split), c = runCase600(turned);
+  ASSERT_EQ(b.model.zones.at(0).elements.size(), a.model.zones.at(0).elements.size() + 1);
+  EXPECT_EQ(c.model.groups.size(), a.model.groups.size());
+  for (const Simulation* s : {&b, &c}) {
+    EXPECT_NEAR(s->loads.annualHeating().total, a.loads.annualHeating().total, 1e-9 * std::fabs(a.loads.annualHeating().total));
+    EXPECT_NEAR(s->loads.annualCooling().total, a.loads.annualCooling().total, 1e-9 * a.loads.annualCooling().total);
+    EXPECT_NEAR(s->loads.peakHeating.load.total, a.loads.peakHeating.load.total, 1e-9 * std::fabs(a.loads.peakHeating.load.total));
+  }
 }
