@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "screens/charts.h"
 #include "screens/drawform.h"
 #include "screens/economicsform.h"
 #include "screens/projectinfo.h"
@@ -169,6 +170,8 @@ void MainMenuWindow::wireCommands() {
     logic_.inputAccepted();
     refresh();
   };
+  for (int chart = 1; chart <= kCharts; ++chart)
+    handlers_[{Command::Graph, chart}] = [this, chart] { follow(life_.results(10, chart)); };
   stepHandlers_[4] = [this] { follow(life_.openSketch()); };
   stepHandlers_[6] = [this] {
     RunOptionsDialog options(this);
@@ -263,6 +266,13 @@ void MainMenuWindow::follow(Next next) {
     case Next::Quit: finish(); return;
     case Next::Sketch: openSketchScreen(); break;
     case Next::RunSimulation: openRunScreen(); break;
+    case Next::Results:
+      if (state_.results.kind == 10) openChart(static_cast<Chart>(state_.results.index));
+      break;
+    case Next::SelectView:
+      prompt_.message(Icon::Information, "View Output",
+                      "There are no results to show yet.  Run the analysis first (Analysis menu or step 6).");
+      break;
     default: break;  // the run and results screens come with their own work
   }
   refresh();
@@ -275,7 +285,12 @@ void MainMenuWindow::openRunScreen() {
   if (!run.resultsReady()) return;
   logic_.enableViewMenu();
   refresh();
-  // The report until the charts take over this hand-over.
+  // A finished run always opens on the breakdown of its energy.
+  openChart(Chart::SourceEnergy);
+}
+
+void MainMenuWindow::showReportText() {
+  // The report as it stands, until the tabular screen takes this over.
   try {
     TextViewer report(fromBytes(state_.project.fileName), readFile(state_.install.scratchFile("ecalc$.out")), true,
                       this);
@@ -285,6 +300,17 @@ void MainMenuWindow::openRunScreen() {
   } catch (const FileError& e) {
     reportError(prompt_, e);
   }
+}
+
+void MainMenuWindow::openChart(Chart c) {
+  ChartWindow charts(state_, prompt_, [this] { saveOutputDialog(); }, [this] { showReportText(); }, this);
+  if (!charts.showChart(c)) {
+    refresh();
+    return;
+  }
+  charts.resize(980, 800);
+  charts.exec();
+  refresh();
 }
 
 void MainMenuWindow::openSketchScreen() {

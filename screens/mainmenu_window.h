@@ -11,6 +11,7 @@
 
 #include "shell/lifecycle.h"
 #include "shell/main_menu.h"
+#include "results/charts.h"
 
 class QAction;
 class QMenu;
@@ -55,6 +56,8 @@ class MainMenuWindow : public QMainWindow {
   void follow(Next next);
   void openSketchScreen();
   void openRunScreen();
+  void openChart(Chart c);
+  void showReportText();
   void retrieve(bool sample);
   void saveInputDialog();
   void saveOutputDialog();

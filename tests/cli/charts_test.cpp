@@ -11,10 +11,15 @@
 #include "common/text_lines.h"
 #include "results/charts.h"
 #include "run_cli.h"
+#include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
 namespace marloven::testing {
 namespace {
+
+struct FakePromptScript {
+  FakePrompt prompt;
+};
 
 TEST(ChartAxis, FittingOnTheCasesTheProgramKeeps) {
   EXPECT_FLOAT_EQ(fitAxis(0, true), 0.1f);      // " 0": N 1, D 0 counted as 1, 0 itself, then the floor
@@ -205,6 +210,36 @@ TEST_F(Charts, SourceEnergyBarsAndElectricUses) {
     EXPECT_EQ(m.factor.substr(m.factor.size() - (si ? 9 : 12)), si ? " MJ/sq.m." : " kBtu/sq.ft.");
     EXPECT_FALSE(m.buttons[static_cast<int>(Chart::SourceEnergy)]);
   }
+}
+
+TEST_F(Charts, PointingAtABarOrAMonthGivesItsValue) {
+  const ChartModel src = build("ip", Chart::SourceEnergy);
+  const ChartBar& light = src.bars[4];
+  std::string t = src.values[4].text;
+  t = t.substr(t.find_first_not_of(' '));
+  EXPECT_EQ(chartValueAt(src, (light.left + light.right) / 2, 4000), "Lighting: " + t + " MBtu");
+  EXPECT_EQ(chartValueAt(src, 100, 100), "");
+  const ChartModel e = build("ip", Chart::MonthlyEnergy);
+  const std::string july = chartValueAt(e, 1450 + 600 * 6, 4000);
+  EXPECT_EQ(july.substr(0, 3), "Jul");
+  EXPECT_NE(july.find("heating"), std::string::npos);
+  EXPECT_NE(july.find("cooling"), std::string::npos);
+  EXPECT_NE(july.find("MBtu"), std::string::npos);
+  EXPECT_EQ(chartValueAt(e, 1450 + 600 * 6, 6800), "");
+}
+
+TEST(ChartLeave, MainMenuAsksOnlyAboutUnsavedResultsOfARun) {
+  FakePromptScript none;
+  EXPECT_EQ(chartMainMenu(false, false, none.prompt), ChartLeave::Close);  // results retrieved, no run
+  EXPECT_EQ(chartMainMenu(true, true, none.prompt), ChartLeave::Close);
+  EXPECT_TRUE(none.prompt.log.empty());
+  FakePromptScript asked;
+  asked.prompt.answers = {Answer::Yes, Answer::No, Answer::Cancel};
+  EXPECT_EQ(chartMainMenu(true, false, asked.prompt), ChartLeave::SaveOutput);
+  EXPECT_EQ(chartMainMenu(true, false, asked.prompt), ChartLeave::Close);
+  EXPECT_EQ(chartMainMenu(true, false, asked.prompt), ChartLeave::Stay);
+  EXPECT_EQ(asked.prompt.log[0].title, "Save Output");
+  EXPECT_EQ(asked.prompt.log[0].buttons, Buttons::YesNoCancel);
 }
 
 // In SI the electric uses go to MWh from the first above a thousand kWh on;

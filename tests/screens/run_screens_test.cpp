@@ -15,6 +15,7 @@
 #include "common/number_text.h"
 #include "modal.h"
 #include "results/chart_readers.h"
+#include "screens/charts.h"
 #include "screens/mainmenu_window.h"
 #include "screens/runsim.h"
 #include "screens/text_viewer.h"
@@ -25,7 +26,7 @@ using namespace marloven;
 using marloven::testing::whenShown;
 using screens::RunOptionsDialog;
 using screens::RunSimScreen;
-using screens::TextViewer;
+using screens::ChartWindow;
 
 namespace {
 
@@ -81,15 +82,61 @@ class RunScreensTest : public QObject {
       ran = true;
       QTest::mouseClick(r->reviewButton(), Qt::LeftButton);
     });
-    whenShown<TextViewer>([&](TextViewer* v) {
-      reviewed = true;
-      v->reject();
+    whenShown<ChartWindow>([&](ChartWindow* w) {
+      // A run ends on the breakdown of its energy; every button reaches its chart.
+      reviewed = w->model().chart == Chart::SourceEnergy;
+      QCOMPARE(w->objectName(), QString("source"));
+      QVERIFY(!w->chartButton(Chart::SourceEnergy)->isEnabled());
+      for (int c = 1; c <= kCharts; ++c) {
+        const Chart chart = static_cast<Chart>(c);
+        if (chart == Chart::SourceEnergy) continue;
+        QTest::mouseClick(w->chartButton(chart), Qt::LeftButton);
+        QCOMPARE(w->model().chart, chart);
+        QVERIFY(!w->chartButton(chart)->isEnabled());
+        QVERIFY(w->windowTitle().startsWith(QString::fromStdString(w->model().title) + " -- "));
+      }
+      QCOMPARE(w->objectName(), QString("monthly"));
+      // The PNG export of every chart: at points the model fixes, the bar's
+      // colour inside its rectangle, a trace's colour on its segment, white
+      // outside the picture's drawing.
+      const QString png = QString::fromStdString(f.tree.path("sample/chart.png").string());
+      for (int c = 1; c <= kCharts; ++c) {
+        QVERIFY(w->showChart(static_cast<Chart>(c)));
+        QVERIFY(w->savePng(png));
+        const QImage img(png);
+        QCOMPARE(img.size(), QSize(1880, 1400));  // 0.2 pixel a twip
+        auto at = [&](double x, double y) { return img.pixelColor(static_cast<int>(x * 0.2), static_cast<int>(y * 0.2)); };
+        QCOMPARE(at(9300, 3000), QColor(Qt::white));
+        const ChartModel& m = w->model();
+        int checked = 0;
+        for (const ChartBar& b : m.bars) {
+          if (b.bottom - b.top < 60) continue;  // too thin to sample
+          QCOMPARE(at((b.left + b.right) / 2, (b.top + b.bottom) / 2), QColor(b.fill.r, b.fill.g, b.fill.b));
+          ++checked;
+        }
+        for (const ChartSegment& sg : m.segments) {
+          const QColor px = at((sg.x1 + sg.x2) / 2, (sg.y1 + sg.y2) / 2);
+          const QColor want(sg.colour.r, sg.colour.g, sg.colour.b);
+          // Traces cross: the last one drawn at a point wins.
+          if (std::abs(px.red() - want.red()) + std::abs(px.green() - want.green()) + std::abs(px.blue() - want.blue()) < 90)
+            ++checked;
+        }
+        QVERIFY2(checked >= 3, qPrintable(QString::fromStdString(m.title)));
+      }
+      // Unsaved results: Main Menu asks; Cancel stays, No leaves.
+      f.prompt.answers = {Answer::Cancel, Answer::No, Answer::No};
+      QTest::mouseClick(w->mainMenuButton(), Qt::LeftButton);
+      QVERIFY(w->isVisible());
+      QTest::mouseClick(w->mainMenuButton(), Qt::LeftButton);
+      QVERIFY(!w->isVisible());
     });
     f.menu.action(Command::Run, 3)->trigger();
     QVERIFY(ran);
     QVERIFY(reviewed);
-    QCOMPARE(f.prompt.log.size(), std::size_t{1});
+    QCOMPARE(f.prompt.log.size(), std::size_t{3});
     QCOMPARE(f.prompt.log[0].title, std::string("Save input"));
+    QCOMPARE(f.prompt.log[1].title, std::string("Save Output"));
+    QCOMPARE(f.prompt.log[1].text, std::string("The simulation results have not been saved.  Do you want to save them?"));
     QVERIFY(f.state.project.flags.outputViewable);
     QVERIFY(f.menu.menu(MenuId::View)->menuAction()->isEnabled());
     // The readers find their anchors in the joined report.
