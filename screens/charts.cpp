@@ -31,13 +31,13 @@ QColor colour(const Rgb& c) { return QColor(c.r, c.g, c.b); }
 QString text(const std::string& s) { return fromBytes(s); }
 
 void label(QPainter& p, double x, double y, const QString& t, Qt::Alignment align, const QColor& c = Qt::black,
-           bool bold = false) {
+           bool bold = false, double w = 4000) {
   QFont f = p.font();
   f.setBold(bold);
   p.setFont(f);
   p.setPen(c);
-  // A box around the anchor: x is its left, centre or right, y its baseline's line.
-  const double w = 4000, h = kText * 1.6;
+  // A box around the anchor: x is its left, centre or right, y its middle.
+  const double h = kText * 1.6;
   double left = x;
   if (align & Qt::AlignHCenter) left = x - w / 2;
   if (align & Qt::AlignRight) left = x - w;
@@ -93,7 +93,7 @@ void paintPeak(QPainter& p, const ChartModel& m) {
   }
   axisLine(p, 1300, top, 1300, bottom);
   axisLine(p, 1300, kPeakBaseY, right, kPeakBaseY);
-  label(p, kWidth / 2, 6750, text(m.total), Qt::AlignHCenter, Qt::black, true);
+  label(p, kWidth / 2, 6750, text(m.total), Qt::AlignHCenter, Qt::black, true, kWidth - 200);
 }
 
 void paintMonthly(QPainter& p, const ChartModel& m) {
@@ -133,7 +133,7 @@ void paintMonthly(QPainter& p, const ChartModel& m) {
                               ? text(totals[static_cast<std::size_t>(i)]).trimmed()
                               : text(totalNames[static_cast<std::size_t>(i)]) + ": " +
                                     text(totals[static_cast<std::size_t>(i)]).trimmed();
-    label(p, 4300, y, total, Qt::AlignLeft);
+    label(p, 4300, y, total, Qt::AlignLeft, Qt::black, false, kWidth - 4400);
   }
 }
 
@@ -159,7 +159,8 @@ void paintSource(QPainter& p, const ChartModel& m) {
   if (!m.electric.empty()) label(p, kSourceFirstX + 2 * kSourceStep - 500, kSourceBaseY + 900, text(m.electricUnit), Qt::AlignRight);
   axisLine(p, left, top, left, kSourceBaseY);
   axisLine(p, left, kSourceBaseY, right, kSourceBaseY);
-  label(p, kWidth / 2, 6650, "Source E.U.F.: " + text(m.factor).trimmed(), Qt::AlignHCenter, Qt::black, true);
+  label(p, kWidth / 2, 6650, "Source E.U.F.: " + text(m.factor).trimmed(), Qt::AlignHCenter, Qt::black, true,
+        kWidth - 200);
 }
 
 }  // namespace
@@ -184,8 +185,8 @@ void paintChart(QPainter& p, const QRectF& target, const ChartModel& m) {
   p.setPen(Qt::black);
   p.drawText(QRectF(0, 80, kWidth, kText * 2), Qt::AlignHCenter | Qt::AlignVCenter, text(m.title));
   p.setFont(f);
-  label(p, 300, 700, "Project Name: " + text(m.projectName).trimmed(), Qt::AlignLeft);
-  label(p, 5000, 700, "Location:        " + text(m.location).trimmed(), Qt::AlignLeft);
+  label(p, 300, 700, "Project Name: " + text(m.projectName).trimmed(), Qt::AlignLeft, Qt::black, false, 4600);
+  label(p, 5000, 700, "Location:        " + text(m.location).trimmed(), Qt::AlignLeft, Qt::black, false, 4300);
   label(p, kWidth - 200, 250, text(m.outputName), Qt::AlignRight, QColor(90, 90, 90));
   switch (m.screen) {
     case ChartScreen::Peak: paintPeak(p, m); break;

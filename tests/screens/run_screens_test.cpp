@@ -18,6 +18,7 @@
 #include "screens/charts.h"
 #include "screens/mainmenu_window.h"
 #include "screens/runsim.h"
+#include "screens/text_codec.h"
 #include "screens/text_viewer.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
@@ -27,6 +28,7 @@ using marloven::testing::whenShown;
 using screens::RunOptionsDialog;
 using screens::RunSimScreen;
 using screens::ChartWindow;
+using screens::toBytes;
 
 namespace {
 
@@ -123,6 +125,15 @@ class RunScreensTest : public QObject {
         }
         QVERIFY2(checked >= 3, qPrintable(QString::fromStdString(m.title)));
       }
+      // The drawing and the page as vector files.
+      const QString svg = QString::fromStdString(f.tree.path("sample/chart.svg").string());
+      const QString pdf = QString::fromStdString(f.tree.path("sample/chart.pdf").string());
+      QVERIFY(w->saveSvg(svg));
+      QVERIFY(w->savePdf(pdf));
+      const std::string svgText = readFile(toBytes(svg));
+      QVERIFY(svgText.find("<svg") != std::string::npos);
+      QVERIFY(svgText.find("Breakdown of Annual Energy") != std::string::npos);
+      QCOMPARE(readFile(toBytes(pdf)).substr(0, 5), std::string("%PDF-"));
       // Unsaved results: Main Menu asks; Cancel stays, No leaves.
       f.prompt.answers = {Answer::Cancel, Answer::No, Answer::No};
       QTest::mouseClick(w->mainMenuButton(), Qt::LeftButton);

@@ -17,6 +17,9 @@
 #include "screens/projectinfo.h"
 #include "screens/qt_prompt.h"
 #include "screens/runsim.h"
+#include "screens/charts.h"
+#include "common/column_printer.h"
+#include "project/project_writer.h"
 #include "project/project_reader.h"
 #include "common/file_io.h"
 #include <QElapsedTimer>
@@ -116,8 +119,15 @@ int main(int argc, char** argv) {
   for (UnitSystem units : {UnitSystem::IP, UnitSystem::SI}) {
     const QString tag = units == UnitSystem::IP ? "ip" : "si";
     AppState state{Installation(tree.string())};
-    marloven::readProject(marloven::readFile((tree / "sample/office.inp").string()), state.project);
-    state.project.units = units;  // labels and defaults of the unit system
+    const auto side = marloven::readProject(marloven::readFile((tree / "sample/office.inp").string()), state.project);
+    if (units == UnitSystem::SI) {
+      // The sample as a save in SI leaves it.
+      marloven::ColumnPrinter copy;
+      marloven::printHeader(copy, state.project.seed, 4, UnitSystem::SI);
+      marloven::writeProject(copy, state.project, side.sketchLines, marloven::Conversion::ToSI);
+      state.project = marloven::Project();
+      marloven::readProject(copy.take(), state.project);
+    }
     state.project.flags.runKind = 3;
     if (units == UnitSystem::IP) {
       screens::RunOptionsDialog o;
@@ -125,16 +135,23 @@ int main(int argc, char** argv) {
     }
     screens::RunSimScreen r(state, prompt);
     save(&r, out + "/runsim-before-" + tag + ".png");
-    if (units == UnitSystem::SI) continue;
     r.show();
     r.executeButton()->click();
     QElapsedTimer t;
     t.start();
     while (t.elapsed() < 1500) QApplication::processEvents(QEventLoop::AllEvents, 50);
-    save(&r, out + "/runsim-during.png");
+    if (units == UnitSystem::IP) save(&r, out + "/runsim-during.png");
     r.show();
     while (!r.reviewButton()->isEnabled() && t.elapsed() < 30000) QApplication::processEvents(QEventLoop::AllEvents, 50);
-    save(&r, out + "/runsim-after.png");
+    if (units == UnitSystem::IP) save(&r, out + "/runsim-after.png");
+    r.reviewButton()->click();
+    // The seven charts of that run.
+    screens::ChartWindow charts(state, prompt, {}, {});
+    charts.resize(980, 800);
+    for (int c = 1; c <= kCharts; ++c) {
+      charts.showChart(static_cast<Chart>(c));
+      save(&charts, out + QString("/chart%1-").arg(c) + tag + ".png");
+    }
   }
   return 0;
 }
