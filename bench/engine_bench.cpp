@@ -24,6 +24,7 @@
 #include "engine/weather.h"
 #include "project/project_model.h"
 #include "project/project_reader.h"
+#include "largest_project.h"
 
 namespace {
 
@@ -32,21 +33,7 @@ marloven::Project largestProject(std::vector<std::string>& sketch) {
   const auto side = marloven::readProject(
       marloven::readFile(std::string(TARN_FIXTURES) + "/office/office_two_zones.inp"), p);
   sketch = side.sketchLines;
-  const marloven::ZoneRecord base = p.zones[1];
-  for (int z = 1; z <= marloven::kMaxZones; ++z) {
-    marloven::ZoneRecord zr = base;
-    zr.fields[marloven::kZoneId] = std::to_string(100 + z);
-    zr.rowCount = marloven::kMaxSurfaceRows;
-    for (int r = 1; r <= marloven::kMaxSurfaceRows; ++r) {
-      marloven::EnvelopeRow row = base.rows[1 + (r - 1) % base.rowCount];
-      row.wallOrientation = static_cast<std::int16_t>((r * 45 + z * 15) % 360);
-      row.wallArea /= 16.0f;
-      row.windowArea /= 16.0f;
-      zr.rows[r] = row;
-    }
-    p.zones[z] = zr;
-  }
-  p.zoneCount = marloven::kMaxZones;
+  bench::makeLargest(p);
   return p;
 }
 

@@ -12,6 +12,7 @@
 #include "common/prompt.h"
 #include "project/project_reader.h"
 #include "run/run_setup.h"
+#include "largest_project.h"
 
 namespace {
 
@@ -33,30 +34,13 @@ struct Case {
   std::string scratch;
 };
 
-// The sample office, or the largest project made from it: every zone the
-// office's first, turned about, its rows cut to 33 smaller surfaces.
+// The sample office, or the largest project made from it.
 Case makeCase(bool largest) {
   Case c{marloven::AppState(marloven::Installation(std::string(SOURCE_DIR) + "/install")), {}, {}};
   marloven::Project& p = c.state.project;
   c.sketch = marloven::readProject(marloven::readFile(std::string(SOURCE_DIR) + "/install/sample/office.inp"), p)
                  .sketchLines;
-  if (largest) {
-    const marloven::ZoneRecord base = p.zones[1];
-    for (int z = 1; z <= marloven::kMaxZones; ++z) {
-      marloven::ZoneRecord zr = base;
-      zr.fields[marloven::kZoneId] = std::to_string(100 + z);
-      zr.rowCount = marloven::kMaxSurfaceRows;
-      for (int r = 1; r <= marloven::kMaxSurfaceRows; ++r) {
-        marloven::EnvelopeRow row = base.rows[1 + (r - 1) % base.rowCount];
-        row.wallOrientation = static_cast<std::int16_t>((r * 45 + z * 15) % 360);
-        row.wallArea /= 16.0f;
-        row.windowArea /= 16.0f;
-        zr.rows[r] = row;
-      }
-      p.zones[z] = zr;
-    }
-    p.zoneCount = marloven::kMaxZones;
-  }
+  if (largest) bench::makeLargest(p);
   c.scratch = (fs::temp_directory_path() / (largest ? "marloven-bench-99" : "marloven-bench-1")).string();
   fs::create_directories(c.scratch);
   return c;

@@ -17,9 +17,7 @@ using testing::FakePrompt;
 struct Screen {
   Screen() {
     tree.write("btype/tcool.dat", readFile(std::string(INSTALL_DATA) + "/btype/tcool.dat"));
-    std::string text = readFile(std::string(OFFICE_DIR) + "/office_baltimore.inp");
-    for (std::size_t at; (at = text.find("Window ID  0 ")) != std::string::npos;) text.replace(at, 13, "Window ID  1 ");
-    tree.write("sample/office.inp", text);
+    tree.write("sample/office.inp", readFile(std::string(INSTALL_DATA) + "/sample/office.inp"));
     loadProjectFile(tree.dir(), tree.path("sample/office.inp").string(), state.project);
     state.project.flags.runKind = 3;
     screen.load("10:15:00");

@@ -35,9 +35,7 @@ namespace {
 struct Fixture {
   Fixture() {
     tree.write("btype/tcool.dat", readFile(std::string(SOURCE_DIR) + "/install/btype/tcool.dat"));
-    std::string text = readFile(std::string(SOURCE_DIR) + "/tests/engine/fixtures/office/office_baltimore.inp");
-    for (std::size_t at; (at = text.find("Window ID  0 ")) != std::string::npos;) text.replace(at, 13, "Window ID  1 ");
-    tree.write("sample/office.inp", text);
+    tree.write("sample/office.inp", readFile(std::string(SOURCE_DIR) + "/install/sample/office.inp"));
     menu.show();
     QVERIFY(menu.lifecycle().retrieve(tree.path("sample").string(), "office.inp"));
     menu.refresh();
