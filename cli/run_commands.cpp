@@ -16,7 +16,7 @@
 #include "project/project_reader.h"
 #include "results/run_summary.h"
 #include "run/run_setup.h"
-#include "shell/file_names.h"
+#include "project/file_names.h"
 
 namespace marloven::cli {
 

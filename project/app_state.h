@@ -58,6 +58,14 @@ struct LastRun {
   std::string lower, upper;  // comfort limits
 };
 
+// The tabular screen's pages of the current output.
+struct TabularPages {
+  int zonePage = 1;
+  bool zonePagesReady = false;  // cleared by a new run or a newly opened output
+  int zonePageCount = 0;
+  int comfortPageCount = 0;
+};
+
 struct AppState {
   AppState() = default;
   explicit AppState(Installation where) : install(std::move(where)) {}
@@ -76,6 +84,7 @@ struct AppState {
   int lastEconomicsBox = 0;
   RecordedWeather recorded;
   LastRun lastRun;
+  TabularPages tabular;
   // The level the sketch screen was left on; 0 when it was never opened.
   int sketchLevel = 0;
   ZoneListGrid zoneList;

@@ -233,6 +233,7 @@ std::optional<RunSetup> setUpRun(AppState& s, RunChoices& c, const std::string& 
   s.lastRun.to.pop_back();
   p.flags.runMade = true;
   p.flags.resultsDisplay = false;
+  s.tabular.zonePagesReady = false;  // the zone pages of the last output are gone
   p.flags.hourlyOutputMade = c.hourly;
   return r;
 }

@@ -24,7 +24,7 @@
 #include "screens/step_icons.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
-#include "shell/file_names.h"
+#include "project/file_names.h"
 #include "common/error_report.h"
 #include "common/file_error.h"
 #include "common/file_io.h"

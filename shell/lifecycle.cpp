@@ -13,7 +13,7 @@
 #include "project/zone_entry.h"
 #include "run/run_copy.h"
 #include "common/error_report.h"
-#include "shell/file_names.h"
+#include "project/file_names.h"
 #include "shell/startup.h"
 
 namespace marloven {

@@ -12,7 +12,7 @@
 #include "common/text_lines.h"
 #include "project/project_reader.h"
 #include "support/fake_prompt.h"
-#include "shell/file_names.h"
+#include "project/file_names.h"
 #include "shell/startup.h"
 #include "support/temp_install.h"
 
