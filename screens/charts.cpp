@@ -239,10 +239,8 @@ void ChartCanvas::mouseMoveEvent(QMouseEvent* event) {
     QToolTip::showText(event->globalPosition().toPoint(), fromBytes(value), this);
 }
 
-ChartWindow::ChartWindow(AppState& state, Prompt& prompt, std::function<void()> saveOutput,
-                         std::function<void()> showReport, QWidget* parent)
-    : QDialog(parent), state_(state), prompt_(prompt), saveOutput_(std::move(saveOutput)),
-      showReport_(std::move(showReport)) {
+ChartWindow::ChartWindow(AppState& state, Prompt& prompt, std::function<void()> saveOutput, QWidget* parent)
+    : QDialog(parent), state_(state), prompt_(prompt), saveOutput_(std::move(saveOutput)) {
   canvas_ = new ChartCanvas(this);
   const std::array<std::pair<Chart, const char*>, kCharts> charts = {{{Chart::PeakHeating, "Peak Heating"},
                                                                       {Chart::PeakCooling, "Peak Cooling"},
@@ -264,6 +262,7 @@ ChartWindow::ChartWindow(AppState& state, Prompt& prompt, std::function<void()> 
   }
   auto* tabular = new QPushButton(tr("Tabular"), this);
   tabular->setObjectName("Command2");
+  tabular_ = tabular;
   save_ = new QPushButton(tr("Save Output"), this);
   save_->setObjectName("save");
   auto* exportButton = new QPushButton(tr("Export"), this);
@@ -283,7 +282,8 @@ ChartWindow::ChartWindow(AppState& state, Prompt& prompt, std::function<void()> 
   mainMenu_->setObjectName("Command1");
   for (QPushButton* b : {tabular, save_, exportButton, mainMenu_}) b->setAutoDefault(false);
   connect(tabular, &QPushButton::clicked, this, [this] {
-    if (showReport_) showReport_();
+    tabularRequested_ = true;
+    QDialog::accept();
   });
   connect(save_, &QPushButton::clicked, this, [this] {
     if (saveOutput_) saveOutput_();

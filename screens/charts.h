@@ -46,10 +46,11 @@ class ChartWindow : public QDialog {
   Q_OBJECT
 
  public:
-  // saveOutput shows the output save dialog without its Run button;
-  // showReport the report's text (until the tabular screen takes it over).
-  ChartWindow(AppState& state, Prompt& prompt, std::function<void()> saveOutput, std::function<void()> showReport,
-              QWidget* parent = nullptr);
+  // saveOutput shows the output save dialog without its Run button.
+  ChartWindow(AppState& state, Prompt& prompt, std::function<void()> saveOutput, QWidget* parent = nullptr);
+  // Set when the window closed for the tabular screen.
+  bool tabularRequested() const { return tabularRequested_; }
+  QPushButton* tabularButton() const { return tabular_; }
 
   // Builds and shows chart c; false (after the error report) when the report
   // cannot give it.
@@ -78,7 +79,8 @@ class ChartWindow : public QDialog {
   AppState& state_;
   Prompt& prompt_;
   std::function<void()> saveOutput_;
-  std::function<void()> showReport_;
+  bool tabularRequested_ = false;
+  QPushButton* tabular_ = nullptr;
   ChartModel model_;
   ChartCanvas* canvas_ = nullptr;
   std::array<QPushButton*, kCharts + 1> buttons_{};

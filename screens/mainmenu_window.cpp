@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 
 #include "screens/charts.h"
+#include "screens/tabular.h"
+#include "results/view_output.h"
 #include "screens/drawform.h"
 #include "screens/economicsform.h"
 #include "screens/projectinfo.h"
@@ -170,8 +172,30 @@ void MainMenuWindow::wireCommands() {
     logic_.inputAccepted();
     refresh();
   };
+  // Tables and charts of the current output, or a stored one picked first.
   for (int chart = 1; chart <= kCharts; ++chart)
-    handlers_[{Command::Graph, chart}] = [this, chart] { follow(life_.results(10, chart)); };
+    handlers_[{Command::Graph, chart}] = [this, chart] {
+      const Next n = life_.results(10, chart);
+      if (n == Next::SelectView) openViewOutput(10);
+      else follow(n);
+    };
+  for (int table = 1; table <= 8; ++table)
+    handlers_[{Command::Table, table}] = [this, table] {
+      const Next n = life_.results(6, table);
+      if (n == Next::SelectView) openViewOutput(6);
+      else follow(n);
+    };
+  handlers_[{Command::View, 7}] = [this] {
+    if (life_.view(7) == Next::Tabular) openTabular(8);
+  };
+  handlers_[{Command::View, 8}] = [this] {
+    if (life_.view(8) == Next::Tabular) openTabular(7, state_.install.scratchFile("ecalc$.wth"));
+  };
+  handlers_[{Command::View, 12}] = [this] {
+    const Next n = life_.view(12);
+    if (n == Next::SelectView) openViewOutput(12);
+    else follow(n);
+  };
   stepHandlers_[4] = [this] { follow(life_.openSketch()); };
   stepHandlers_[6] = [this] {
     RunOptionsDialog options(this);
@@ -268,11 +292,9 @@ void MainMenuWindow::follow(Next next) {
     case Next::RunSimulation: openRunScreen(); break;
     case Next::Results:
       if (state_.results.kind == 10) openChart(static_cast<Chart>(state_.results.index));
+      if (state_.results.kind == 6) openTabular(state_.results.index);
       break;
-    case Next::SelectView:
-      prompt_.message(Icon::Information, "View Output",
-                      "There are no results to show yet.  Run the analysis first (Analysis menu or step 6).");
-      break;
+    case Next::SelectView: openViewOutput(12); break;
     default: break;  // the run and results screens come with their own work
   }
   refresh();
@@ -289,28 +311,55 @@ void MainMenuWindow::openRunScreen() {
   openChart(Chart::SourceEnergy);
 }
 
-void MainMenuWindow::showReportText() {
-  // The report as it stands, until the tabular screen takes this over.
-  try {
-    TextViewer report(fromBytes(state_.project.fileName), readFile(state_.install.scratchFile("ecalc$.out")), true,
-                      this);
-    report.setObjectName("tabular");
-    report.resize(980, 640);
-    report.exec();
-  } catch (const FileError& e) {
-    reportError(prompt_, e);
+void MainMenuWindow::openChart(Chart c) {
+  bool tabular = false;
+  {
+    ChartWindow charts(state_, prompt_, [this] { saveOutputDialog(); }, this);
+    if (!charts.showChart(c)) {
+      refresh();
+      return;
+    }
+    charts.resize(980, 800);
+    charts.exec();
+    tabular = charts.tabularRequested();
   }
+  refresh();
+  if (tabular) openTabular(3);
 }
 
-void MainMenuWindow::openChart(Chart c) {
-  ChartWindow charts(state_, prompt_, [this] { saveOutputDialog(); }, [this] { showReportText(); }, this);
-  if (!charts.showChart(c)) {
-    refresh();
-    return;
+void MainMenuWindow::openTabular(int table, const std::string& file) {
+  bool chart = false;
+  {
+    TabularWindow tab(state_, prompt_, [this] { saveOutputDialog(); }, this);
+    if (file.empty())
+      tab.showTable(table);
+    else
+      tab.showFile(file, "Weather Summary");
+    tab.resize(1100, 760);
+    tab.exec();
+    chart = tab.chartRequested();
   }
-  charts.resize(980, 800);
-  charts.exec();
   refresh();
+  if (chart) openChart(Chart::SourceEnergy);
+}
+
+void MainMenuWindow::openViewOutput(int selector) {
+  ViewOutputForm view(state_, prompt_, selector);
+  const Project& p = state_.project;
+  QString dir = QDir::currentPath();
+  if (p.flags.fromFile) dir = QFileInfo(fromBytes(p.fileName)).absolutePath();
+  ProjectFileDialog d(ProjectFileDialog::Mode::ViewOutput, dir, fromBytes(view.pattern()), QString(), this);
+  std::optional<ViewOutputForm::View> shown;
+  while (!shown && d.exec() == QDialog::Accepted) shown = view.clickOk(toBytes(d.directory()), toBytes(d.name()));
+  refresh();
+  if (!shown) return;
+  logic_.enableViewMenu();
+  refresh();
+  switch (shown->kind) {
+    case ViewOutputForm::View::Table: openTabular(shown->number); break;
+    case ViewOutputForm::View::Comfort: openTabular(8); break;
+    case ViewOutputForm::View::Chart: openChart(static_cast<Chart>(shown->number)); break;
+  }
 }
 
 void MainMenuWindow::openSketchScreen() {

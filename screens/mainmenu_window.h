@@ -57,7 +57,10 @@ class MainMenuWindow : public QMainWindow {
   void openSketchScreen();
   void openRunScreen();
   void openChart(Chart c);
-  void showReportText();
+  // Table 1..8 of the output; file: a whole file shown instead (the weather file).
+  void openTabular(int table, const std::string& file = {});
+  // A stored output picked and opened; selector as the view dialog's.
+  void openViewOutput(int selector);
   void retrieve(bool sample);
   void saveInputDialog();
   void saveOutputDialog();

@@ -30,6 +30,7 @@ Names namesOf(ProjectFileDialog::Mode m) {
     case ProjectFileDialog::Mode::Sample: return {"SampleFileForm", "retrievefile", "cancelbutton", "Sample Projects"};
     case ProjectFileDialog::Mode::SaveInput: return {"saveinputform", "inputname", "cancelbuttton", "Save Project File"};
     case ProjectFileDialog::Mode::SaveOutput: return {"saveoutform", "outputname", "cancelbuttton", "Save Output File"};
+    case ProjectFileDialog::Mode::ViewOutput: return {"selectview", "Text1", "cancel", "View Output"};
   }
   return {};
 }
@@ -50,6 +51,7 @@ ProjectFileDialog::ProjectFileDialog(Mode mode, const QString& directory, const 
   message_->hide();
   layout->addWidget(message_);
   if (mode == Mode::SaveInput) layout->addWidget(new QLabel("Save Input File As :", this));
+  if (mode == Mode::ViewOutput) layout->addWidget(new QLabel(" Output file name:", this));
 
   name_ = new QLineEdit(name, this);
   name_->setObjectName(n.box);

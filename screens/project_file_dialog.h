@@ -24,7 +24,7 @@ class ProjectFileDialog : public QDialog {
   Q_OBJECT
 
  public:
-  enum class Mode { Retrieve, Sample, SaveInput, SaveOutput };
+  enum class Mode { Retrieve, Sample, SaveInput, SaveOutput, ViewOutput };
 
   ProjectFileDialog(Mode mode, const QString& directory, const QString& pattern, const QString& name,
                     QWidget* parent = nullptr);

@@ -146,7 +146,7 @@ int main(int argc, char** argv) {
     if (units == UnitSystem::IP) save(&r, out + "/runsim-after.png");
     r.reviewButton()->click();
     // The seven charts of that run.
-    screens::ChartWindow charts(state, prompt, {}, {});
+    screens::ChartWindow charts(state, prompt, {});
     charts.resize(980, 800);
     for (int c = 1; c <= kCharts; ++c) {
       charts.showChart(static_cast<Chart>(c));

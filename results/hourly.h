@@ -1,0 +1,39 @@
+// The hourly spreadsheets of a run: which of the three files, and what the
+// user is told when none was chosen or it cannot be opened.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "common/prompt.h"
+#include "project/app_state.h"
+
+namespace marloven {
+
+struct HourlyFile {
+  const char* file;   // under the scratch folder
+  const char* label;  // the option's caption
+};
+extern const std::array<HourlyFile, 3> kHourlyFiles;
+
+class HourlyForm {
+ public:
+  HourlyForm(AppState& state, Prompt& prompt) : state_(state), prompt_(prompt) {}
+
+  std::string caption() const;  // "Marloven Hourly Data Output -- " + project file name
+  void activate() { choice_ = 0; }
+  void choose(int option) { choice_ = option + 1; }  // 0..2
+  int choice() const { return choice_; }
+  // "Display it Now": the file to open, or nothing after the reminder.
+  std::optional<std::string> display();
+  // The file could not be opened by the desktop.
+  void openFailed();
+
+ private:
+  AppState& state_;
+  Prompt& prompt_;
+  int choice_ = 0;
+};
+
+}  // namespace marloven
