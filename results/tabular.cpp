@@ -179,7 +179,13 @@ void TabularForm::clickSummary(int index) {
       if (failed(splitComfortFile(dir, pages))) return;
       t.comfortPageCount = pages.pageCount;
       comfortIndex_ = 0;
-      show("1.flt", "Space Comfort Conditions");
+      if (pages.pagesWritten > 0) {
+        show("1.flt", "Space Comfort Conditions");
+      } else {
+        // A run with its HVAC has no comfort table: an empty page, no error.
+        text_.clear();
+        title_ = "Space Comfort Conditions";
+      }
       next_ = pages.pageCount > 0;
       previous_ = false;
       break;

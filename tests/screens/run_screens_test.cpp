@@ -18,6 +18,11 @@
 #include "screens/charts.h"
 #include "screens/mainmenu_window.h"
 #include "screens/runsim.h"
+#include "screens/tabular.h"
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QProcess>
+#include <QRegularExpression>
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
 #include "support/fake_prompt.h"
@@ -28,6 +33,7 @@ using marloven::testing::whenShown;
 using screens::RunOptionsDialog;
 using screens::RunSimScreen;
 using screens::ChartWindow;
+using screens::TabularWindow;
 using screens::toBytes;
 
 namespace {
@@ -154,6 +160,78 @@ class RunScreensTest : public QObject {
     QVERIFY(readLoadBreakdown(f.state.install.scratchDir(), LoadColumn::PeakCooling, t).ok());
     QVERIFY(readMonthlyEnergy(f.state.install.scratchDir(), t).ok());
     QVERIFY(leadingNumber(t.site.endUse[kLighting]) > 0);
+  }
+
+  void tabularShowsEverySectionPrintsAndReadsOnly() {
+    Fixture f;
+    f.prompt.answers = {Answer::Yes};
+    whenShown<RunSimScreen>([&](RunSimScreen* r) {
+      QTest::mouseClick(r->executeButton(), Qt::LeftButton);
+      QTRY_VERIFY_WITH_TIMEOUT(r->reviewButton()->isEnabled(), 20000);
+      QTest::mouseClick(r->reviewButton(), Qt::LeftButton);
+    });
+    whenShown<ChartWindow>([&](ChartWindow* w) { QTest::mouseClick(w->tabularButton(), Qt::LeftButton); });
+    bool checked = false;
+    whenShown<TabularWindow>([&](TabularWindow* t) {
+      f.prompt.answers = {Answer::No, Answer::No, Answer::No};  // a failed check still lets it close
+      QVERIFY(t->windowTitle().startsWith("Monthly Summaries -- "));
+      const std::array<std::pair<int, const char*>, 8> sections = {{{kTabProject, "Project Data"},
+                                                                   {kTabZones, "Zone Data"},
+                                                                   {kTabSummaries, "Monthly Summaries"},
+                                                                   {kTabHvac, "Design Data for HVAC Zones"},
+                                                                   {kTabPeaks, "Peak Demand Profiles"},
+                                                                   {kTabCosts, "Cost Analysis"},
+                                                                   {kTabWeather, "Weather Summary"},
+                                                                   {kTabComfort, "Space Comfort Conditions"}}};
+      for (const auto& [button, caption] : sections) {
+        QTest::mouseClick(t->summary(button), Qt::LeftButton);
+        QVERIFY2(t->windowTitle().startsWith(QString(caption) + " -- "), qPrintable(t->windowTitle()));
+        QVERIFY(!t->summary(button)->isEnabled());
+      }
+      QVERIFY(!t->summary(kTabHourly)->isEnabled());  // no hourly files in this run
+      // Five zones: two pages.
+      QTest::mouseClick(t->summary(kTabZones), Qt::LeftButton);
+      const QString first = t->text()->toPlainText();
+      QVERIFY(t->nextButton()->isEnabled());
+      QVERIFY(!t->previousButton()->isEnabled());
+      QTest::mouseClick(t->nextButton(), Qt::LeftButton);
+      QVERIFY(t->text()->toPlainText() != first);
+      QVERIFY(t->previousButton()->isEnabled());
+      QTest::mouseClick(t->previousButton(), Qt::LeftButton);
+      QCOMPARE(t->text()->toPlainText(), first);
+      // The text takes no typing.
+      t->text()->setFocus();
+      QTest::keyClicks(t->text(), "typed");
+      QTest::keyClick(t->text(), Qt::Key_Delete);
+      QCOMPARE(t->text()->toPlainText(), first);
+
+      // The print path into a PDF: the section's first line on page 1.
+      QTest::mouseClick(t->summary(kTabProject), Qt::LeftButton);
+      const QString pdf = QString::fromStdString(f.tree.path("sample/project.pdf").string());
+      QPrinter printer(QPrinter::HighResolution);
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      printer.setOutputFileName(pdf);
+      printer.setPageOrientation(QPageLayout::Landscape);
+      const int pages = screens::paintReportPages(printer, t->text()->toPlainText());
+      QVERIFY(pages >= 1);
+      QProcess info;
+      info.start("pdfinfo", {pdf});
+      QVERIFY(info.waitForFinished(10000));
+      QVERIFY(QString::fromUtf8(info.readAllStandardOutput()).contains(QRegularExpression(QString("Pages:\\s+%1\\b").arg(pages))));
+      QProcess text;
+      text.start("pdftotext", {"-layout", "-f", "1", "-l", "1", pdf, "-"});
+      QVERIFY(text.waitForFinished(10000));
+      const QString page1 = QString::fromUtf8(text.readAllStandardOutput());
+      const QString firstLine = t->text()->toPlainText().section('\n', 0, 0).trimmed();
+      QVERIFY2(!firstLine.isEmpty() && page1.contains(firstLine.left(40)), qPrintable(firstLine));
+      const QString exported = QString::fromStdString(f.tree.path("sample/export.pdf").string());
+      QVERIFY(t->exportPdf(exported));
+      checked = true;
+      QTest::mouseClick(t->summary(kTabMainMenu), Qt::LeftButton);
+      QVERIFY(!t->isVisible());
+    });
+    f.menu.action(Command::Run, 3)->trigger();
+    QVERIFY(checked);
   }
 
   void stepSixAsksTheKindAndAMissingEngineStillFinishes() {
