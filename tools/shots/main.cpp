@@ -18,6 +18,8 @@
 #include "screens/qt_prompt.h"
 #include "screens/runsim.h"
 #include "screens/charts.h"
+#include "screens/tabular.h"
+#include "screens/project_file_dialog.h"
 #include "common/column_printer.h"
 #include "project/project_writer.h"
 #include "project/project_reader.h"
@@ -151,6 +153,35 @@ int main(int argc, char** argv) {
     for (int c = 1; c <= kCharts; ++c) {
       charts.showChart(static_cast<Chart>(c));
       save(&charts, out + QString("/chart%1-").arg(c) + tag + ".png");
+    }
+    // Every section of the report, and its first page as printed to PDF.
+    screens::TabularWindow tab(state, prompt, {});
+    tab.resize(1100, 760);
+    for (int table = 1; table <= 8; ++table) {
+      tab.showTable(table);
+      save(&tab, out + QString("/table%1-").arg(table) + tag + ".png");
+    }
+    if (units == UnitSystem::IP) {
+      tab.showTable(1);
+      tab.exportPdf(out + "/project-data.pdf");
+      screens::HourlyDialog hourly(state, prompt);
+      save(&hourly, out + "/hourly.png");
+      screens::ProjectFileDialog view(screens::ProjectFileDialog::Mode::ViewOutput, QString::fromStdString(tree.string() + "/sample"), "*.ot*", QString());
+      save(&view, out + "/selectview.png");
+      // A passive run for the comfort table.
+      state.project.flags.runKind = 4;
+      screens::RunSimScreen passive(state, prompt);
+      passive.show();
+      passive.executeButton()->click();
+      QElapsedTimer w;
+      w.start();
+      while (!passive.reviewButton()->isEnabled() && w.elapsed() < 30000)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+      passive.reviewButton()->click();
+      screens::TabularWindow comfort(state, prompt, {});
+      comfort.resize(1100, 760);
+      comfort.showTable(8);
+      save(&comfort, out + "/comfort-ip.png");
     }
   }
   return 0;
