@@ -14,7 +14,13 @@ namespace marloven {
 struct HourlyFile {
   const char* file;   // under the scratch folder
   const char* label;  // the option's caption
+  const char* csv;    // the comma-separated copy a spreadsheet opens
 };
+
+// The engine's tab-separated hourly text as comma-separated values: a field
+// holding a comma or a quote is quoted. Spreadsheets open a ".csv" into
+// columns by themselves, which they do not do for a ".hry".
+std::string hourlyCsv(const std::string& tabText);
 extern const std::array<HourlyFile, 3> kHourlyFiles;
 
 class HourlyForm {
@@ -25,8 +31,12 @@ class HourlyForm {
   void activate() { choice_ = 0; }
   void choose(int option) { choice_ = option + 1; }  // 0..2
   int choice() const { return choice_; }
-  // "Display it Now": the file to open, or nothing after the reminder.
+  // "Display it Now": the comma-separated copy of the chosen file, made under
+  // the scratch folder, to open; nothing after the reminder or a file error.
   std::optional<std::string> display();
+  // "Save as CSV...": the chosen file's copy written to path; false after a
+  // message (no choice) or the error report.
+  bool saveCsv(const std::string& path);
   // The file could not be opened by the desktop.
   void openFailed();
 

@@ -91,8 +91,19 @@ HourlyDialog::HourlyDialog(AppState& state, Prompt& prompt, QWidget* parent)
   display_->setObjectName("Action0");
   auto* back = new QPushButton(tr("Return to Tabular Menu"), frame2);
   back->setObjectName("Action1");
+  auto* saveCsv = new QPushButton(tr("Save as CSV..."), frame2);
+  saveCsv->setObjectName("savecsv");
   f2->addWidget(display_);
+  f2->addWidget(saveCsv);
   f2->addWidget(back);
+  connect(saveCsv, &QPushButton::clicked, this, [this] {
+    if (logic_.choice() == 0) {
+      logic_.saveCsv({});  // the reminder
+      return;
+    }
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save as CSV"), QString(), tr("CSV (*.csv)"));
+    if (!path.isEmpty()) logic_.saveCsv(toBytes(path.endsWith(".csv", Qt::CaseInsensitive) ? path : path + ".csv"));
+  });
   connect(display_, &QPushButton::clicked, this, [this] {
     const std::optional<std::string> file = logic_.display();
     if (file && !open(fromBytes(*file))) logic_.openFailed();
