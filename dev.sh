@@ -11,7 +11,7 @@ case "$mode" in run|test|data) ;; *) echo "usage: $0 run|test|data" >&2; exit 2 
 
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
 
-packages=(g++ cmake ninja-build libgtest-dev libgmock-dev qt6-base-dev qt6-svg-dev locales parallel)
+packages=(g++ cmake ninja-build libgtest-dev libgmock-dev qt6-base-dev qt6-svg-dev locales parallel poppler-utils)
 missing=()
 for p in "${packages[@]}"; do dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p"); done
 if [ ${#missing[@]} -gt 0 ]; then
