@@ -26,6 +26,9 @@ constexpr Column inch{65, 6};
 constexpr Column pascal{72, 6};
 constexpr Column seer{80, 5};
 constexpr Column cop{86, 5};
+// The COP is written in columns 86-89, so that the zone screen's cut (85-89)
+// and the catalog screen's (86-90) both hold all of it.
+constexpr Column copWritten{86, 4};
 constexpr Column fahrenheit{93, 4};
 constexpr Column celsius{97, 4};
 constexpr Column firstCost{103, 5};
@@ -78,14 +81,17 @@ void printSystem(ColumnPrinter& out, const HvacRow& row, int system, UnitSystem 
     line.put(col::inch, row.staticPressure, "fan pressure");
     line.put(col::pascal, catalogNumber(row.staticPressure, times(kPascalPerInch), 1, "@@@@@@"), "fan pressure");
     line.put(col::seer, row.efficiency, "SEER");
-    line.put(col::cop, catalogNumber(row.efficiency, over(kSeerPerCop), 2, "@@@@@"), "COP");
+    line.put(col::copWritten, catalogNumber(row.efficiency, over(kSeerPerCop), 2, "@@@@"), "COP");
     line.put(col::fahrenheit, row.supplyTemp, "supply temperature");
     line.put(col::celsius, catalogNumber(row.supplyTemp, kFToC, 0, "@@"), "supply temperature");
   } else {
     line.put(col::inch, catalogNumber(row.staticPressure, over(kPascalPerInch), 1, "@@@@"), "fan pressure");
     line.put(col::pascal, row.staticPressure, "fan pressure");
     line.put(col::seerFromCop, catalogNumber(row.efficiency, times(kSeerPerCop), 1, "@@@@"), "SEER");
-    line.put(col::cop, row.efficiency, "COP");
+    // As typed or cut: the cut's trailing blank is no part of the number.
+    std::string cop = row.efficiency;
+    while (!cop.empty() && cop.back() == ' ') cop.pop_back();
+    line.put(col::copWritten, cop, "COP");
     line.put(col::fahrenheit, catalogNumber(row.supplyTemp, kCToF, 0, "@@"), "supply temperature");
     line.put(col::celsius, row.supplyTemp, "supply temperature");
   }

@@ -4,7 +4,7 @@
 // catalog screen edits one system's columns and the writer computes the other's.
 //
 //   cols   6-10 ID    11-61 name        65-70 fan pressure, in. w.g.  72-77 Pa
-//   cols  80-84 SEER  86-90 COP         93-96 supply F                97-100 C
+//   cols  80-84 SEER  86-90 COP (written in 86-89)  93-96 supply F       97-100 C
 //   cols 103-107 first cost $/ton       111-116 maintenance $/ton     119- heat kind
 #pragma once
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/file_error.h"
+#include "common/number_text.h"
 #include "common/file_io.h"
 #include "common/text_lines.h"
 #include "support/temp_install.h"
@@ -47,7 +48,16 @@ TEST(HvacCatalog, ShippedFileReadsByUnitsAndWritesBackUnchangedInIp) {
                 vav.supplyTemp + "|" + vav.firstCost + "|" + vav.maintenanceCost,
             "1|VARIABLE|4.0   |9.5  |55  |2500 | 92.5 ");
   const HvacRow si = parseHvacCatalog(kShipped, UnitSystem::SI).rows[1];
-  EXPECT_EQ(si.staticPressure + "|" + si.efficiency + "|" + si.supplyTemp + "|" + si.firstCost, " 995.2| 2.78|13  |2500 ");
+  EXPECT_EQ(si.staticPressure + "|" + si.efficiency + "|" + si.supplyTemp + "|" + si.firstCost, " 995.2|2.78 |13  |2500 ");
+  // The zone screen cuts the COP from columns 85-89 and the catalog screen
+  // from 86-90: every system's whole number lies in both.
+  const auto lines = splitLines(kShipped);
+  for (int system = 1; system <= kHvacSystems; ++system) {
+    const std::string& line = lines[static_cast<std::size_t>(1 + 2 * system)];
+    const std::string cop = parseHvacCatalog(kShipped, UnitSystem::SI).rows[static_cast<std::size_t>(system)].efficiency;
+    EXPECT_EQ(leadingNumber(line.substr(84, 5)), leadingNumber(cop)) << system;
+    EXPECT_EQ(line.substr(84, 5).find_last_not_of(' '), 4u) << system << ": the COP ends in column 89";
+  }
 }
 
 TEST(HvacCatalog, WritesBothLinesOfASystemInEachUnitSystem) {
@@ -58,7 +68,7 @@ TEST(HvacCatalog, WritesBothLinesOfASystemInEachUnitSystem) {
   EXPECT_EQ(lines[0], at({{64, "FAN STATIC PRESS.  SYSTEM   SUPPLY TEMP  SYSTEM COST PER TON"}}));
   EXPECT_EQ(lines[2], "     " + std::string(135, '-'));
   const auto ipCommon = std::vector<std::pair<int, std::string>>{
-      {6, "5"}, {11, "ROOF TOP UNITS"}, {65, "1.5"}, {72, " 373.2"}, {80, "13.0"}, {86, " 3.81"}, {93, "55"}, {97, "13"}};
+      {6, "5"}, {11, "ROOF TOP UNITS"}, {65, "1.5"}, {72, " 373.2"}, {80, "13.0"}, {86, "3.81"}, {93, "55"}, {97, "13"}};
   auto elec = ipCommon, gas = ipCommon;
   elec.insert(elec.end(), {{103, "1500"}, {111, "67.5"}, {119, "ELEC. HEAT"}});
   gas.insert(gas.end(), {{103, "1700"}, {111, " 76.5"}, {119, "GAS HEAT"}});
