@@ -66,6 +66,19 @@ struct TabularPages {
   int comfortPageCount = 0;
 };
 
+// The zone screens' editing state, kept for the program's life.
+struct ZoneEditing {
+  // ZoneFieldChanged: a field of a zone touched since its last store or copy.
+  std::array<std::array<bool, kZoneFieldCount + 1>, kZoneSlots> fieldChanged{};
+  // ZoneToggleChanged: natural ventilation, daylight and economiser (0..2) clicked.
+  std::array<std::array<bool, kZoneSlots>, 3> toggleChanged{};
+  // LastTouchedField: last box used; 20/21 after an HVAC choice, 11 after a
+  // lighting choice, 31 after a toggle, 0 when the zone screen loads.
+  int lastTouchedField = 0;
+  int profileKind = 0;      // ProfileKind, 1..5
+  int selectedProfile = 0;  // SelectedProfile
+};
+
 struct AppState {
   AppState() = default;
   explicit AppState(Installation where) : install(std::move(where)) {}
@@ -85,6 +98,7 @@ struct AppState {
   RecordedWeather recorded;
   LastRun lastRun;
   TabularPages tabular;
+  ZoneEditing zoneEditing;
   // The level the sketch screen was left on; 0 when it was never opened.
   int sketchLevel = 0;
   ZoneListGrid zoneList;

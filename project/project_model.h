@@ -160,8 +160,14 @@ struct ZoneRecord {
   float floorAreaPerPerson = 1.0f;
   std::array<EnvelopeRow, kRowSlots> rows;  // 1..33
   std::int16_t rowCount = 0;
-  bool existedBeforeSketch = false;
-  bool named = false;
+  // ZoneExists: the zone held a zone when the list was last left (so it
+  // existed before a later sketch); ZoneOpened: left through OK of the zone
+  // screen since the sketch was last opened; ZoneOpenedSinceSketch: the same,
+  // in a session that opened the sketch. The sketch clears all three; a read
+  // sets the first two.
+  bool exists = false;
+  bool opened = false;
+  bool openedSinceSketch = false;
 };
 
 // The outside-air text of a zone: the first two characters are the kind ("CP"

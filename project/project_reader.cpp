@@ -103,8 +103,8 @@ EnvelopeRow typedRow(LineReader& in) {
 
 // One zone after its "Zone No.  " line; the scratch file's text is returned.
 ZoneScratchFile readZone(LineReader& in, const std::string& firstLine, ZoneRecord& z) {
-  z.existedBeforeSketch = true;
-  z.named = true;
+  z.exists = true;
+  z.opened = true;
   z.fields[kZoneId] = valueOf(firstLine);
   for (int f = kZoneName; f <= kHeatingType; ++f) {
     z.fields[f] = valueOf(in.next());

@@ -348,7 +348,7 @@ Next Lifecycle::openSketch() {
     state_.zoneList.cells[r][0].clear();
     state_.zoneList.cells[r][1].clear();
   }
-  for (ZoneRecord& z : p.zones) z.existedBeforeSketch = z.named = false;
+  for (ZoneRecord& z : p.zones) z.exists = z.opened = z.openedSinceSketch = false;
   menu_.sketchOpened();
 
   if (p.flags.sketchCount == 0 && !p.flags.fromFile) {

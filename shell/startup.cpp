@@ -197,8 +197,8 @@ void resetProject(const Installation& inst, Project& p) {
   // a sketch or a file sets them again.
   p.zoneCount = 0;
   for (int z = 1; z < kZoneSlots; ++z) {
-    p.zones[z].existedBeforeSketch = false;
-    p.zones[z].named = false;
+    p.zones[z].exists = false;
+    p.zones[z].opened = false;
   }
   p.data = {};
   p.weather = WeatherSummary{};

@@ -256,7 +256,7 @@ TEST(Lifecycle, OpeningTheSketchHoldsRunAndSaveUntilTheZonesArePassedAgain) {
   EXPECT_FALSE(x.p().flags.orientationEdited || x.p().flags.floorAreaEdited);
   EXPECT_EQ(x.s.zoneList.cells[3][0], "");
   EXPECT_EQ(x.s.zoneList.cells[3][2], " 900");  // only ID and name are cleared
-  EXPECT_FALSE(x.p().zones[1].named);
+  EXPECT_FALSE(x.p().zones[1].opened);
 
   EXPECT_EQ(x.life.runRequested(3), Next::Stay);
   EXPECT_EQ(x.life.saveRequested(), Next::Stay);

@@ -95,7 +95,7 @@ TEST(ResetProject, NamesFlagsAndTables) {
   p.zones[1].fields[kZoneName] = "Lobby";
   p.zones[1].rowCount = 4;
   p.zoneCount = 1;
-  p.zones[1].named = p.zones[100].existedBeforeSketch = true;
+  p.zones[1].opened = p.zones[100].exists = true;
   p.data[kProjectName] = p.economics[kElecCost] = p.weather.lines[1] = p.demand.text = "x";
   p.weeksPerMonth = 2;
 
@@ -109,7 +109,7 @@ TEST(ResetProject, NamesFlagsAndTables) {
                f.recordedWeatherPicked || f.orientationEdited || f.floorAreaEdited);
   EXPECT_EQ(f.runKind, 0);
   EXPECT_FALSE(f.profileKindLoaded[2] || f.profileKindTouched[4] || p.designTemps.known);
-  EXPECT_FALSE(p.zones[1].named || p.zones[100].existedBeforeSketch);
+  EXPECT_FALSE(p.zones[1].opened || p.zones[100].exists);
   // Zone rows stay behind the zone count until a sketch or a file replaces them.
   EXPECT_EQ(p.zones[1].fields[kZoneName], "Lobby");
   EXPECT_EQ(p.zones[1].rowCount, 4);
