@@ -16,6 +16,7 @@
 
 #include "screens/charts.h"
 #include "screens/tabular.h"
+#include "screens/zones.h"
 #include "results/view_output.h"
 #include "screens/drawform.h"
 #include "screens/economicsform.h"
@@ -197,6 +198,13 @@ void MainMenuWindow::wireCommands() {
     else follow(n);
   };
   stepHandlers_[4] = [this] { follow(life_.openSketch()); };
+  stepHandlers_[5] = [this] {
+    if (life_.enterZones() != Next::ZoneList) return;
+    ZoneListWindow zones(state_, prompt_, this);
+    zones.exec();
+    logic_.zonesLeft();
+    refresh();
+  };
   stepHandlers_[6] = [this] {
     RunOptionsDialog options(this);
     if (options.exec() == QDialog::Accepted && options.kind() != 0) follow(life_.runRequested(options.kind()));

@@ -93,6 +93,8 @@ class MainMenu {
   // file, or one whose sketch was opened, may enter its zones; a project from
   // a file may also run.
   void inputAccepted();
+  // Leaving the zone list: the zones may be entered again.
+  void zonesLeft() { stepEnabled_[5] = true; }
   // Opening the sketch: the zones may be entered from now on.
   void sketchOpened() { stepEnabled_[5] = true; }
 
