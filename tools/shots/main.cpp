@@ -18,6 +18,10 @@
 #include "screens/qt_prompt.h"
 #include "screens/runsim.h"
 #include "screens/charts.h"
+#include "screens/zones.h"
+#include "shell/lifecycle.h"
+#include "shell/main_menu.h"
+#include "input/zone_forms.h"
 #include "screens/tabular.h"
 #include "screens/project_file_dialog.h"
 #include "common/column_printer.h"
@@ -100,6 +104,41 @@ int main(int argc, char** argv) {
         screens::WeatherPreview p(s.logic(), *text);
         save(&p, out + "/viewweather.png");
       }
+    }
+  }
+
+  // The zone screens on the sample office, retrieved in each unit system.
+  {
+    namespace fs = std::filesystem;
+    const fs::path zt = fs::temp_directory_path() / "marloven-shots-zones";
+    fs::remove_all(zt);
+    fs::copy(argv[1], zt, fs::copy_options::recursive);
+    fs::create_directories(zt / "temp");
+    for (UnitSystem units : {UnitSystem::IP, UnitSystem::SI}) {
+      const QString tag = units == UnitSystem::IP ? "ip" : "si";
+      AppState state{Installation(zt.string())};
+      std::string file = "office.inp";
+      if (units == UnitSystem::SI) {
+        marloven::Project p;
+        const auto side = marloven::readProject(marloven::readFile((zt / "sample/office.inp").string()), p);
+        marloven::ColumnPrinter copy;
+        marloven::printHeader(copy, p.seed, 4, UnitSystem::SI);
+        marloven::writeProject(copy, p, side.sketchLines, marloven::Conversion::ToSI);
+        marloven::writeFileAtomic((zt / "sample/office-si.inp").string(), copy.take());
+        file = "office-si.inp";
+      }
+      marloven::MainMenu menu(state, prompt);
+      marloven::Lifecycle life(state, prompt, menu);
+      life.retrieve((zt / "sample").string(), file);
+      life.enterZones();
+      screens::ZoneListWindow list(state, prompt);
+      save(&list, out + "/zonename-" + tag + ".png");
+      marloven::ZoneListForm(state, prompt).openZone(2);
+      screens::ZoneFormWindow zone(state, prompt);
+      zone.resize(1000, 640);
+      save(&zone, out + "/zoneform-" + tag + ".png");
+      screens::VentilationDialog ven(prompt, units, state.project.zones[2].fields[kOutsideAir]);
+      save(&ven, out + "/venrate-" + tag + ".png");
     }
   }
 
