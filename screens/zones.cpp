@@ -75,6 +75,12 @@ VentilationDialog::VentilationDialog(Prompt& prompt, UnitSystem units, const std
   layout->addLayout(grid);
   layout->addLayout(buttons);
   refresh();
+  // The first row that holds a rate takes the focus.
+  for (QLineEdit* e : rows_)
+    if (!e->text().isEmpty()) {
+      e->setFocus();
+      break;
+    }
 }
 
 void VentilationDialog::refresh() {
@@ -123,8 +129,9 @@ void ZoneFormWindow::build() {
                                                "7. DX Res. Heat Pump",
                                                "8. DX Window Unit",
                                                "9. Evaporative Cooling"};
-  for (int n = 1; n <= 9; ++n) {
-    ac_[static_cast<std::size_t>(n)] = acMenu->addAction(acNames[static_cast<std::size_t>(n)], this, [this, n] {
+  // Items 10 to 15 are spares without captions; they act as any other.
+  for (int n = 1; n <= 15; ++n) {
+    ac_[static_cast<std::size_t>(n)] = acMenu->addAction(n <= 9 ? acNames[static_cast<std::size_t>(n)] : "", this, [this, n] {
       logic_.chooseAc(n);
       refresh();
     });

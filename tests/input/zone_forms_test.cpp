@@ -171,6 +171,14 @@ TEST(ZoneForm, AcTypeWithGasHeatAddsTheFurnaceInBothUnitSystems) {
   h.chooseHeating(2);
   EXPECT_EQ(h.box(kFirstCost), first);
   EXPECT_EQ(h.box(kMaintenanceCost), maint);
+  h.chooseHeating(1);
+  h.chooseAc(9);  // with gas heat too
+  EXPECT_EQ(h.box(kFirstCost), "600 ");
+  EXPECT_EQ(h.box(kMaintenanceCost), "   27");
+  // A spare item past the catalog's systems leaves its numbers and still sets the type.
+  h.chooseAc(12);
+  EXPECT_EQ(h.box(kCoolingType), " 12");
+  EXPECT_EQ(h.box(kStaticPressure), " 0.5");
 }
 
 TEST(ZoneForm, UndoRestoresCostsAfterAnAcTypeButNotAfterHeating) {
