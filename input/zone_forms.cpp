@@ -207,6 +207,30 @@ void ZoneForm::open() {
   state_.zoneEditing.fieldChanged[static_cast<std::size_t>(p.currentZone)].fill(false);
 }
 
+void ZoneForm::reloadFromZone() {
+  const ZoneRecord& z = state_.project.zones.at(static_cast<std::size_t>(zone()));
+  for (int i = 1; i <= kBoxes; ++i) boxes_[static_cast<std::size_t>(i)] = z.fields[static_cast<std::size_t>(i)];
+  auto normal = [](const std::string& t) {
+    return t == " Yes" || t == " yes" || t == "yes" || t == "Yes" ? std::string("Yes") : std::string("No");
+  };
+  toggles_ = {normal(z.naturalVent), normal(z.daylight), normal(z.economizer)};
+}
+
+void ZoneForm::profilesClosed(int kind, std::optional<int> chosen) {
+  reloadFromZone();
+  if (!chosen || kind < 1 || kind > 4) return;
+  const int box = kind == 4 ? kLightProfile : 2 * kind + 4;
+  const std::string before = boxes_[static_cast<std::size_t>(box)];
+  boxes_[static_cast<std::size_t>(box)] = padded(*chosen);
+  markIfChanged(box, before);
+}
+
+void ZoneForm::temperaturesClosed() {
+  const std::array<std::string, kBoxes + 1> before = boxes_;
+  reloadFromZone();
+  for (int i = kSummerOccupied; i <= kWinterUnoccupied; ++i) markIfChanged(i, before[static_cast<std::size_t>(i)]);
+}
+
 std::string ZoneForm::caption() const { return "Zone Description -- " + state_.project.fileName; }
 std::string ZoneForm::tutorialCaption() const { return "ZONE DESCRIPTION -- " + state_.project.fileName; }
 std::string ZoneForm::boxCaption(int i) const { return boxCaptionOf(i, state_.project.units == UnitSystem::SI); }

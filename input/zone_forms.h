@@ -98,6 +98,11 @@ class ZoneForm {
   void clickToggle(int t);
   // The ventilation dialog's OK.
   void setVentilation(const std::string& field9) { boxes_[kOutsideAir] = field9; }
+  // Back from a profile screen (kind 1..4): the boxes and toggles from the
+  // stored zone, the kind's box the profile chosen there (none after Undo).
+  void profilesClosed(int kind, std::optional<int> chosen);
+  // Back from the temperature screen: the four slots as the zone now holds them.
+  void temperaturesClosed();
 
   // The screen into the model; false (after the message) when a daylit zone
   // has no depth or target.
@@ -109,6 +114,7 @@ class ZoneForm {
 
  private:
   void markIfChanged(int i, const std::string& before);
+  void reloadFromZone();
   void costsForHeat(double factorOf);
   void refreshList();
 

@@ -34,7 +34,8 @@ bool keepsWallId(int n) {
   return false;
 }
 
-// A line of hourly degrees F as whole degrees C, each value right-aligned in two.
+}  // namespace
+
 std::string temperaturesToSI(const std::string& line) {
   std::string out;
   for (const std::string& token : splitBlanks(line)) {
@@ -43,8 +44,6 @@ std::string temperaturesToSI(const std::string& line) {
   }
   return out;
 }
-
-}  // namespace
 
 void loadDefaultTypes(const std::string& installDir, Project& p) {
   const auto walls = readDefaults(joinPath(installDir, "profiles/bprof6.dat"), p.units);

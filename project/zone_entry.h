@@ -14,6 +14,10 @@
 
 namespace marloven {
 
+// A line of hourly degrees F as whole degrees C, each value right-aligned in
+// two, joined by single blanks.
+std::string temperaturesToSI(const std::string& line);
+
 // How many records of the wall and window catalogs a project starts with.
 inline constexpr int kDefaultTypeCount = 15;
 // Of those wall records only the wall, roof and floor that the sketch assigns
