@@ -99,7 +99,7 @@ class TemperatureForm {
   // OK: true when the screen closes, the zone's slots filled.
   bool clickOk();
   // The four slots' profile numbers the zone takes (0: unchanged).
-  const std::array<int, 5>& slots() const { return slots_; }
+  const std::array<int, 5>& tempSlots() const { return slots_; }
   bool undone() const { return undone_; }
 
  private:

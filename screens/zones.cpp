@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "screens/key_filter.h"
+#include "screens/profiles.h"
 #include "screens/text_codec.h"
 #include "screens/text_viewer.h"
 
@@ -299,11 +300,22 @@ void ZoneFormWindow::follow(ZoneForm::Next next) {
       refresh();
       break;
     }
-    case ZoneForm::Next::ProfileScreen:
-    case ZoneForm::Next::TemperatureScreen:
-      prompt_.message(Icon::Information, "Profiles",
-                      "The profile screens are not available yet: the zone keeps the profile numbers it shows.");
+    case ZoneForm::Next::ProfileScreen: {
+      const int kind = state_.zoneEditing.profileKind;
+      ProfileWindow w(state_, prompt_, kind, this);
+      w.exec();
+      logic_.profilesClosed(kind, w.logic().chosen());
+      refresh();
       break;
+    }
+    case ZoneForm::Next::TemperatureScreen: {
+      logic_.storeZone();
+      TemperatureWindow w(state_, prompt_, this);
+      if (w.opened()) w.exec();
+      logic_.temperaturesClosed();
+      refresh();
+      break;
+    }
     case ZoneForm::Next::None: break;
   }
 }

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 #include <QTest>
 #include <QToolButton>
@@ -12,7 +13,9 @@
 #include "common/file_io.h"
 #include "modal.h"
 #include "screens/mainmenu_window.h"
+#include "screens/profiles.h"
 #include "screens/zones.h"
+#include "common/text_lines.h"
 #include "support/fake_prompt.h"
 #include "support/temp_install.h"
 
@@ -80,6 +83,59 @@ class ZoneScreensTest : public QObject {
     QVERIFY(east.opened);
     QVERIFY(state.project.flags.stepDone[5]);
     std::filesystem::current_path(cwd);
+  }
+
+  void profileScreensChooseAndEditAZonesSchedules() {
+    testing::TempInstall tree;
+    for (const char* f : {"btype/tcool.dat", "btype/theat.dat", "profiles/bprof1.dat", "profiles/bprof2.dat",
+                          "profiles/bprof3.dat", "profiles/bprof4.dat", "profiles/bprof5.dat"})
+      tree.write(f, readFile(std::string(SOURCE_DIR) + "/install/" + f));
+    AppState state{Installation(tree.dir())};
+    testing::FakePrompt prompt;
+    Project& p = state.project;
+    p.units = UnitSystem::IP;
+    p.zoneCount = 1;
+    p.currentZone = 1;
+    p.zones[1].fields[kZoneId] = "11";
+    p.zones[1].fields[kLightProfile] = " 24";
+    p.zones[1].fields[kSummerOccupied] = "1";
+    state.buildingTypeNumber = 24;
+    for (int k = 1; k <= 4; ++k) {
+      const auto lines = splitLines(readFile(std::string(SOURCE_DIR) + "/install/profiles/bprof" + std::to_string(k) + ".dat"));
+      for (int i = 1; i <= kBuildingTypes; ++i) state.tables.profileDefaults[k][i] = lines[i];
+    }
+    for (int i = 1; i <= kBuildingTypes; ++i) state.tables.buildingTypeNames[i] = "Type " + std::to_string(i);
+    ZoneFormWindow zone(state, prompt);
+    zone.show();
+    bool profiles = false, temperatures = false;
+    whenShown<screens::ProfileWindow>([&](screens::ProfileWindow* w) {
+      QVERIFY(w->windowTitle().startsWith("Lighting Profiles (percentage) -- "));
+      w->scrollBar()->setValue(0);
+      QTest::mouseClick(w->label(3), Qt::LeftButton);  // profile 3 into the project, chosen
+      QLineEdit* row = w->text(3);
+      row->setFocus();
+      row->end(false);
+      QTest::keyClicks(row, "x");
+      QCOMPARE(prompt.log.back().text, std::string("You should use numerical value."));
+      QTest::mouseClick(w->okButton(), Qt::LeftButton);
+      QVERIFY(!w->isVisible());
+      profiles = true;
+    });
+    QTest::mouseClick(zone.box(kLightProfile), Qt::LeftButton);
+    QVERIFY(profiles);
+    QCOMPARE(zone.box(kLightProfile)->text(), QString(" 3"));
+    QCOMPARE(state.project.profiles.kinds[4][3].id, std::string(" 3"));
+
+    whenShown<screens::TemperatureWindow>([&](screens::TemperatureWindow* w) {
+      QVERIFY(w->windowTitle().startsWith("Temperature Profiles (degree F) -- "));
+      QTest::mouseClick(w->label(5), Qt::LeftButton);
+      QTest::mouseClick(w->okButton(), Qt::LeftButton);
+      temperatures = true;
+    });
+    QTest::mouseClick(zone.box(kSummerOccupied), Qt::LeftButton);
+    QVERIFY(temperatures);
+    QCOMPARE(zone.box(kSummerOccupied)->text(), QString("5"));
+    QCOMPARE(state.project.zones[1].fields[kSummerOccupied], std::string("5"));
   }
 };
 
