@@ -1,5 +1,6 @@
 #include "screens/profiles.h"
 
+#include <algorithm>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -78,6 +79,12 @@ void HourPlot::setProfile(const std::string& text, const QString& unit, double t
   }
   unit_ = unit;
   top_ = top;
+  // A percent profile may be written as fractions, as the engine reads it:
+  // no value above 1 means fractions, plotted on a scale of 1.
+  if (top > 1 && count_ > 0 && *std::max_element(values_.begin(), values_.begin() + count_) <= 1) {
+    top_ = 1;
+    unit_ = tr("fraction");
+  }
   update();
 }
 
@@ -86,7 +93,9 @@ void HourPlot::paintEvent(QPaintEvent*) {
   p.fillRect(rect(), palette().base());
   const QFontMetrics fm(font());
   const int left = fm.horizontalAdvance("0000") + 6, bottom = fm.height() + 4;
-  const QRectF area(left, 6, width() - left - 6, height() - bottom - 10);
+  const QString caption = tr("hour") + (unit_.isEmpty() ? QString() : "  (" + unit_ + ")");
+  // The caption sits right of the plot, clear of the hour numbers.
+  const QRectF area(left, 6, width() - left - fm.horizontalAdvance(caption) - 12, height() - bottom - 10);
   double lo = 0, hi = top_;
   for (int i = 0; i < count_; ++i) lo = std::min(lo, values_[static_cast<std::size_t>(i)]), hi = std::max(hi, values_[static_cast<std::size_t>(i)]);
   if (hi <= lo) hi = lo + 1;
@@ -107,8 +116,8 @@ void HourPlot::paintEvent(QPaintEvent*) {
       p.drawText(QRectF(area.left() + h * w, area.bottom() + 2, w * 2, fm.height()), Qt::AlignLeft,
                  QString::number(h + 1));
   }
-  p.drawText(QRectF(area.right() - 200, area.bottom() + 2, 200, fm.height()), Qt::AlignRight,
-             tr("hour") + (unit_.isEmpty() ? QString() : "  (" + unit_ + ")"));
+  p.drawText(QRectF(area.right() + 6, area.bottom() + 2, width() - area.right() - 6, fm.height()), Qt::AlignLeft,
+             caption);
   if (count_ != 24) {
     p.setPen(QColor(0xa0, 0, 0));
     p.drawText(area, Qt::AlignCenter, tr("%1 values of 24").arg(count_));
@@ -214,8 +223,12 @@ void ProfileWindow::refresh() {
   for (int r = 1; r <= ProfileForm::kVisibleRows; ++r) {
     labels_[static_cast<std::size_t>(r)]->setText(fromBytes(logic_.rowLabel(r)));
     const QString t = fromBytes(logic_.rowText(r));
-    if (texts_[static_cast<std::size_t>(r)]->text() != t) texts_[static_cast<std::size_t>(r)]->setText(t);
-    paintRow(labels_[static_cast<std::size_t>(r)], texts_[static_cast<std::size_t>(r)], logic_.rowYellow(r));
+    QLineEdit* e = texts_[static_cast<std::size_t>(r)];
+    if (e->text() != t) {
+      e->setText(t);
+      if (!e->hasFocus()) e->setCursorPosition(0);
+    }
+    paintRow(labels_[static_cast<std::size_t>(r)], e, logic_.rowYellow(r));
   }
 }
 
@@ -281,6 +294,13 @@ TemperatureWindow::TemperatureWindow(AppState& state, Prompt& prompt, QWidget* p
     labels_[static_cast<std::size_t>(r)] = l;
     texts_[static_cast<std::size_t>(r)] = e;
   }
+  // Rows converted to degrees C carry a decimal: the boxes take the longest.
+  int longest = 98;
+  for (int r = 1; r <= TemperatureForm::kRows; ++r)
+    longest = std::max(longest, static_cast<int>(logic_.rowText(r).size()) + 2);
+  for (int r = 1; r <= TemperatureForm::kRows; ++r)
+    texts_[static_cast<std::size_t>(r)]->setMinimumWidth(
+        QFontMetrics(fixedFont()).horizontalAdvance(QString(longest, QLatin1Char('0'))));
   editMenu(bar, this, logic_, [this] {
     for (int r = 1; r <= TemperatureForm::kRows; ++r)
       if (texts_[static_cast<std::size_t>(r)]->hasFocus()) return r;
@@ -313,8 +333,12 @@ TemperatureWindow::TemperatureWindow(AppState& state, Prompt& prompt, QWidget* p
 void TemperatureWindow::refresh() {
   for (int r = 1; r <= TemperatureForm::kRows; ++r) {
     const QString t = fromBytes(logic_.rowText(r));
-    if (texts_[static_cast<std::size_t>(r)]->text() != t) texts_[static_cast<std::size_t>(r)]->setText(t);
-    paintRow(labels_[static_cast<std::size_t>(r)], texts_[static_cast<std::size_t>(r)], logic_.rowYellow(r));
+    QLineEdit* e = texts_[static_cast<std::size_t>(r)];
+    if (e->text() != t) {
+      e->setText(t);
+      if (!e->hasFocus()) e->setCursorPosition(0);  // a long row shows its first hours
+    }
+    paintRow(labels_[static_cast<std::size_t>(r)], e, logic_.rowYellow(r));
   }
   plot_->setProfile(logic_.rowText(shown_), state_.project.units == UnitSystem::SI ? tr("degree C") : tr("degree F"), 0);
 }

@@ -19,6 +19,8 @@
 #include "screens/runsim.h"
 #include "screens/charts.h"
 #include "screens/zones.h"
+#include "screens/profiles.h"
+#include "shell/startup.h"
 #include "shell/lifecycle.h"
 #include "shell/main_menu.h"
 #include "input/zone_forms.h"
@@ -139,6 +141,22 @@ int main(int argc, char** argv) {
       save(&zone, out + "/zoneform-" + tag + ".png");
       screens::VentilationDialog ven(prompt, units, state.project.zones[2].fields[kOutsideAir]);
       save(&ven, out + "/venrate-" + tag + ".png");
+      // The profile screens of zone 2, as its profile menu opens them.
+      marloven::loadStartupTables(state.install, state.tables);
+      for (int kind = 1; kind <= 4; ++kind) {
+        marloven::ZoneForm form(state, prompt);
+        form.open();
+        form.chooseProfile(kind);
+        screens::ProfileWindow w(state, prompt, kind);
+        save(&w, out + "/profile" + QString::number(kind) + "-" + tag + ".png");
+      }
+      {
+        marloven::ZoneForm form(state, prompt);
+        form.open();
+        form.chooseProfile(5);
+        screens::TemperatureWindow w(state, prompt);
+        save(&w, out + "/temperature-" + tag + ".png");
+      }
     }
   }
 
