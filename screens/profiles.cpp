@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <cmath>
+#include <functional>
 
 #include "common/number_text.h"
 #include "common/split.h"
@@ -64,6 +65,33 @@ void editMenu(QMenuBar* bar, QDialog* owner, Logic& logic, const std::function<i
     logic.paste(a, b);
     refresh();
   });
+}
+
+// The foot of both windows: the plot, Undo Last and OK, under the menu and rows.
+template <class Logic>
+void finishWindow(QDialog* w, QMenuBar* bar, QGridLayout* grid, Logic& logic, HourPlot*& plot, QPushButton*& ok,
+                  std::function<void()> accept, std::function<void()> refresh) {
+  plot = new HourPlot(w);
+  ok = new QPushButton(QObject::tr("OK"), w);
+  ok->setObjectName("okey");
+  auto* undo = new QPushButton(QObject::tr("Undo Last"), w);
+  undo->setObjectName("Undo");
+  for (QPushButton* b : {ok, undo}) b->setAutoDefault(false);
+  QObject::connect(ok, &QPushButton::clicked, w, std::move(accept));
+  QObject::connect(undo, &QPushButton::clicked, w, [&logic, refresh = std::move(refresh)] {
+    logic.clickUndo();
+    refresh();
+  });
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(undo);
+  buttons->addWidget(ok);
+  auto* layout = new QVBoxLayout(w);
+  layout->setMenuBar(bar);
+  layout->addLayout(grid);
+  layout->addWidget(plot);
+  layout->addLayout(buttons);
+  w->setWindowTitle(fromBytes(logic.title()));
 }
 
 }  // namespace
@@ -192,27 +220,7 @@ ProfileWindow::ProfileWindow(AppState& state, Prompt& prompt, int kind, QWidget*
     return 1;
   }, [this](int r) { return texts_[static_cast<std::size_t>(r)]; }, [this] { refresh(); });
 
-  plot_ = new HourPlot(this);
-  ok_ = new QPushButton(tr("OK"), this);
-  ok_->setObjectName("okey");
-  auto* undo = new QPushButton(tr("Undo Last"), this);
-  undo->setObjectName("Undo");
-  for (QPushButton* b : {ok_, undo}) b->setAutoDefault(false);
-  connect(ok_, &QPushButton::clicked, this, &ProfileWindow::accept);
-  connect(undo, &QPushButton::clicked, this, [this] {
-    logic_.clickUndo();
-    refresh();
-  });
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(undo);
-  buttons->addWidget(ok_);
-  auto* layout = new QVBoxLayout(this);
-  layout->setMenuBar(bar);
-  layout->addLayout(grid);
-  layout->addWidget(plot_);
-  layout->addLayout(buttons);
-  setWindowTitle(fromBytes(logic_.title()));
+  finishWindow(this, bar, grid, logic_, plot_, ok_, [this] { accept(); }, [this] { refresh(); });
   // Open where the zone's own profile is.
   scroll_->setValue(std::clamp(state.zoneEditing.selectedProfile - 1, 0, scroll_->maximum()));
   refresh();
@@ -306,27 +314,7 @@ TemperatureWindow::TemperatureWindow(AppState& state, Prompt& prompt, QWidget* p
       if (texts_[static_cast<std::size_t>(r)]->hasFocus()) return r;
     return 1;
   }, [this](int r) { return texts_[static_cast<std::size_t>(r)]; }, [this] { refresh(); });
-  plot_ = new HourPlot(this);
-  ok_ = new QPushButton(tr("OK"), this);
-  ok_->setObjectName("okey");
-  auto* undo = new QPushButton(tr("Undo Last"), this);
-  undo->setObjectName("Undo");
-  for (QPushButton* b : {ok_, undo}) b->setAutoDefault(false);
-  connect(ok_, &QPushButton::clicked, this, &TemperatureWindow::accept);
-  connect(undo, &QPushButton::clicked, this, [this] {
-    logic_.clickUndo();
-    refresh();
-  });
-  auto* buttons = new QHBoxLayout;
-  buttons->addStretch(1);
-  buttons->addWidget(undo);
-  buttons->addWidget(ok_);
-  auto* layout = new QVBoxLayout(this);
-  layout->setMenuBar(bar);
-  layout->addLayout(grid);
-  layout->addWidget(plot_);
-  layout->addLayout(buttons);
-  setWindowTitle(fromBytes(logic_.title()));
+  finishWindow(this, bar, grid, logic_, plot_, ok_, [this] { accept(); }, [this] { refresh(); });
   refresh();
 }
 
