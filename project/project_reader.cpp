@@ -1,5 +1,7 @@
 #include "project/project_reader.h"
 
+#include <algorithm>
+
 #include <cmath>
 #include <filesystem>
 
@@ -149,7 +151,8 @@ ZoneScratchFile readZone(LineReader& in, const std::string& firstLine, ZoneRecor
 
 void readHeader(std::string_view line, Project& p) {
   p.seed = std::string(midText(line, 11, 10));
-  p.weeksPerMonth = static_cast<std::int16_t>(leadingNumber(midText(line, 21, 3)));
+  // Clamped first: a conversion out of the integer's range is undefined.
+  p.weeksPerMonth = static_cast<std::int16_t>(std::clamp(leadingNumber(midText(line, 21, 3)), -32768.0, 32767.0));
 }
 
 ReadSideFiles readProject(std::string_view bytes, Project& p) {
