@@ -1,7 +1,5 @@
 #include "engine/daylight.h"
 
-#include "engine/input_checks.h"
-
 #include <algorithm>
 #include <cmath>
 

@@ -2,8 +2,10 @@
 // ERROR line and the exit code, and no result file left behind.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,6 +18,8 @@
 #include "engine/input_checks.h"
 #include "engine/report.h"
 #include "engine/run_log.h"
+#include "engine/weather.h"
+#include "engine/weather_readers.h"
 #include "project/project_model.h"
 #include "project/project_reader.h"
 
@@ -69,7 +73,9 @@ Outcome run(const std::string& inp, const std::string& control) {
   std::string error;
   for (const std::string& l : marloven::splitLines(d.get("tarn64.err")))
     if (l.rfind("ERROR ", 0) == 0) error = l;
-  if (code != ExitCode::Ok) EXPECT_FALSE(fs::exists(d.path() / "sim$.out"));
+  if (code != ExitCode::Ok) {
+    EXPECT_FALSE(fs::exists(d.path() / "sim$.out"));
+  }
   return {code, error};
 }
 
@@ -243,4 +249,162 @@ TEST(PrintedParts, HugeEnergiesRoundAtOnce) {
   EXPECT_EQ(small[0] + small[1] + small[2], small[3]);
   EXPECT_EQ(small[3], 4.0);
   EXPECT_EQ(numberField(1e300, 10, 1, nullptr), "**********");
+}
+
+namespace {
+
+Site testSite() {
+  Site s;
+  s.latitude = 39.8;
+  s.longitude = 104.7;
+  s.meridian = 105;
+  s.elevation = 5413;
+  return s;
+}
+
+// A year of records of the custom format, with `edit` applied to each line.
+std::string customYear(const std::function<std::string(int, std::string)>& edit) {
+  std::string s = "Test station\r\n";
+  for (int i = 0; i < 8760; ++i) {
+    int day = i / 24, month = 1;
+    while (month < 12 && day >= firstDayOfMonth(month + 1, 2025) - 1) ++month;
+    day -= firstDayOfMonth(month, 2025) - 1;
+    std::string l = "2025," + std::to_string(month) + "," + std::to_string(day + 1) + "," + std::to_string(i % 24 + 1) +
+                    ",41.0,30.0,50,-1,-1,6.5";
+    s += edit(i, l) + "\r\n";
+  }
+  return s;
+}
+
+std::string fieldReplaced(std::string line, int field, const std::string& value) {
+  std::size_t at = 0;
+  for (int f = 0; f < field; ++f) at = line.find(',', at) + 1;
+  const std::size_t end = line.find(',', at);
+  return line.replace(at, end == std::string::npos ? std::string::npos : end - at, value);
+}
+
+struct WeatherCase {
+  const char* what;
+  std::string file;
+  WeatherFormat declared;
+  ExitCode code;
+  const char* where;
+  const char* message;
+};
+
+}  // namespace
+
+TEST(BadRecordedWeather, RangesGapsMissingFieldsAndLayouts) {
+  const std::string rec = " 62010112089914150134C40000E40128E50154I40000I40154I50628I510A710A70194A70178A7090A71016A7203A7057A7";
+  std::string tmy2 = " 12839 MIAMI                  FL  -5 N 25 48 W  80 16     2\r\n";
+  for (int i = 0; i < 8760; ++i) tmy2 += rec + "\r\n";
+  const WeatherCase cases[] = {
+      {"a summer of 700 F", customYear([](int i, std::string l) { return i == 4000 ? fieldReplaced(l, 4, "700") : l; }),
+       WeatherFormat::Custom, ExitCode::BadInput, "ecalc$.tmy line 4002",
+       "the dry bulb, 700 F, is outside -130 to 140 F"},
+      {"negative wind", customYear([](int i, std::string l) { return i == 9 ? fieldReplaced(l, 9, "-0.5") : l; }),
+       WeatherFormat::Custom, ExitCode::Ok, "", ""},  // -1 and below: the format's "not given", a short gap
+      {"a dry bulb in exponent form", customYear([](int i, std::string l) {
+         return i == 48 ? fieldReplaced(l, 4, "99.9e9") : l;
+       }),
+       WeatherFormat::Custom, ExitCode::BadInput, "ecalc$.tmy line 50",
+       "the dry bulb, 99900000000 F, is outside -130 to 140 F"},
+      {"a day without wind", customYear([](int i, std::string l) {
+         return i >= 48 && i < 72 ? fieldReplaced(l, 9, "-1") : l;
+       }),
+       WeatherFormat::Custom, ExitCode::BadWeather, "ecalc$.tmy line 50",
+       "the wind speed is missing for 24 hours from this record on; gaps of up to 6 hours are filled"},
+      {"a dew point never given", customYear([](int, std::string l) { return fieldReplaced(l, 5, "x"); }),
+       WeatherFormat::Custom, ExitCode::Ok, "", ""},  // "x" reads as 0, the shared leading-number rule
+      {"TMY2 declared as WYEC2", tmy2, WeatherFormat::Wyec2, ExitCode::BadInput, "ecalc$.tmy",
+       "the file is not WYEC2 as the control file says; it looks like TMY2"},
+      {"CUSTOM declared as TMY2", customYear([](int, std::string l) { return l; }), WeatherFormat::Tmy2,
+       ExitCode::BadInput, "ecalc$.tmy", "the file is not TMY2 as the control file says; it looks like CUSTOM"},
+      {"text declared as CUSTOM", std::string(9000, 'x'), WeatherFormat::Custom, ExitCode::BadInput, "ecalc$.tmy",
+       "the file is not CUSTOM as the control file says: its records do not have that format's month, day and hour"},
+  };
+  for (const WeatherCase& c : cases) {
+    RunLog log;
+    try {
+      readRecorded(c.file, c.declared, 2025, testSite(), log);
+      EXPECT_EQ(c.code, ExitCode::Ok) << c.what << " was read";
+    } catch (const RunFailure& f) {
+      EXPECT_EQ(f.code(), c.code) << c.what;
+      EXPECT_EQ(f.where(), c.where) << c.what;
+      EXPECT_EQ(std::string(f.what()), c.message) << c.what;
+    }
+  }
+}
+
+TEST(BadRecordedWeather, GapsUpToSixHoursAreInterpolatedLongerOnesRefused) {
+  // EPW: 99.9 is the dry bulb's missing-value code.
+  auto epw = [](int from, int hours) {
+    std::string s = "LOCATION,TESTVILLE,CO,USA,TMY3,725650,39.83,-104.65,-7.0,1650.0\r\n";
+    for (int i = 0; i < 7; ++i) s += "HEADER\r\n";
+    for (int i = 0; i < 8760; ++i) {
+      int day = i / 24, month = 1;
+      while (month < 12 && day >= firstDayOfMonth(month + 1, 2025) - 1) ++month;
+      day -= firstDayOfMonth(month, 2025) - 1;
+      const std::string db = i >= from && i < from + hours ? "99.9" : std::to_string(i % 2 ? 12 : 10);
+      s += "1995," + std::to_string(month) + "," + std::to_string(day + 1) + "," + std::to_string(i % 24 + 1) +
+           ",0,X," + db + ",0.0,50,83700,0,0,300,500,400,100,0,0,0,0,200,4.0,5,5\r\n";
+    }
+    return s;
+  };
+  RunLog log;
+  const WeatherYear w = readRecorded(epw(101, 6), WeatherFormat::Epw, 2025, testSite(), log);
+  // Hours 101..106 between 10 C at hour 100 and 12 C at hour 107, in °F.
+  for (int k = 0; k < 6; ++k) EXPECT_NEAR(w.hours[101 + k].dryBulb, 50.0 + 3.6 * (k + 1) / 7.0, 1e-9);
+  // At the start of the file the gap takes the first value there is.
+  EXPECT_NEAR(readRecorded(epw(0, 3), WeatherFormat::Epw, 2025, testSite(), log).hours[0].dryBulb, 53.6, 1e-9);
+  try {
+    readRecorded(epw(200, 7), WeatherFormat::Epw, 2025, testSite(), log);
+    FAIL() << "a gap of 7 hours was filled";
+  } catch (const RunFailure& f) {
+    EXPECT_EQ(f.code(), ExitCode::BadWeather);
+    EXPECT_EQ(f.where(), "ecalc$.tmy line 209");
+    EXPECT_EQ(std::string(f.what()), "the dry bulb is missing for 7 hours from this record on; gaps of up to 6 hours are filled");
+  }
+  try {
+    readRecorded(epw(0, 8760), WeatherFormat::Epw, 2025, testSite(), log);
+    FAIL() << "a file without dry bulb was read";
+  } catch (const RunFailure& f) {
+    EXPECT_EQ(f.code(), ExitCode::BadWeather);
+    EXPECT_EQ(f.where(), "ecalc$.tmy");
+    EXPECT_EQ(std::string(f.what()), "the dry bulb is missing in every record");
+  }
+  // A byte-order mark does not hide the format.
+  EXPECT_EQ(detectFormat("\xEF\xBB\xBF" + epw(0, 0), WeatherFormat::Tmy2), WeatherFormat::Epw);
+  EXPECT_EQ(readRecorded("\xEF\xBB\xBF" + epw(0, 0), WeatherFormat::Epw, 2025, testSite(), log).site.latitude, 39.83);
+}
+
+TEST(BadRecordedWeather, EveryRealFileReadsOrIsRefusedByName) {
+  const fs::path dir = fs::path(TARN_WEATHER_DIR) / "recorded";
+  if (!fs::exists(dir)) GTEST_SKIP() << "recorded weather not found at " << dir;
+  int read = 0;
+  for (const auto& entry : fs::directory_iterator(dir)) {
+    const std::string ext = entry.path().extension().string();
+    const std::string bytes = marloven::readFile(entry.path().string());
+    RunLog log;
+    if (ext == ".TMY") {
+      // The older TMY layout, no control code reads it: declared as WYEC2 it read as summers of 700 °F.
+      try {
+        readRecorded(bytes, WeatherFormat::Wyec2, 2025, testSite(), log);
+        ADD_FAILURE() << entry.path() << " was read as WYEC2";
+      } catch (const RunFailure& f) {
+        EXPECT_EQ(std::string(f.what()),
+                  "the file is not WYEC2 as the control file says; it looks like TMY, the older layout that is not "
+                  "read; convert it to TMY2 or EPW");
+      }
+      continue;
+    }
+    const WeatherFormat declared = ext == ".tm2" ? WeatherFormat::Tmy2 : WeatherFormat::Epw;
+    const WeatherYear w = readRecorded(bytes, declared, 2025, testSite(), log);
+    double lo = 1e9, hi = -1e9;
+    for (const WeatherHour& h : w.hours) lo = std::min(lo, h.dryBulb), hi = std::max(hi, h.dryBulb);
+    EXPECT_GT(lo, -70) << entry.path();
+    EXPECT_LT(hi, 125) << entry.path();
+    ++read;
+  }
+  EXPECT_GT(read, 50);
 }
