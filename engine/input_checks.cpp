@@ -1,7 +1,6 @@
 #include "engine/input_checks.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <vector>
 
@@ -13,8 +12,6 @@
 namespace tarn {
 
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 std::string_view trimmedView(std::string_view s) {
   while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
@@ -122,69 +119,6 @@ const Field* findField(const Field (&table)[N], std::string_view line) {
 std::string fieldName(const char* label) { return std::string(trimmedView(label)); }
 
 }  // namespace
-
-NumberText readNumberText(std::string_view text) {
-  NumberText out;
-  const std::string_view t = trimmedView(text);
-  if (t.empty()) return out;
-  std::size_t i = 0;
-  const std::size_t n = t.size();
-  std::string norm;
-  if (t[i] == '+' || t[i] == '-') {
-    if (t[i] == '-') norm += '-';
-    ++i;
-  }
-  if (startsNoCase(t.substr(i), "inf") || startsNoCase(t.substr(i), "nan")) {
-    out.kind = NumberText::NotFinite;
-    return out;
-  }
-  std::size_t digits = 0;
-  const std::size_t intStart = i;
-  while (i < n && isDigit(t[i])) ++i;
-  digits += i - intStart;
-  norm += digits ? std::string(t.substr(intStart, i - intStart)) : std::string("0");
-  if (i < n && t[i] == '.') {
-    const std::size_t f = ++i;
-    while (i < n && isDigit(t[i])) ++i;
-    digits += i - f;
-    if (i > f) norm += "." + std::string(t.substr(f, i - f));
-  }
-  if (digits == 0) {
-    out.kind = NumberText::NotANumber;
-    return out;
-  }
-  if (i < n && (t[i] == 'E' || t[i] == 'e' || t[i] == 'D' || t[i] == 'd')) {
-    std::size_t j = i + 1;
-    std::string exp = "e";
-    if (j < n && (t[j] == '+' || t[j] == '-')) exp += t[j++];
-    const std::size_t first = j;
-    while (j < n && isDigit(t[j])) exp += t[j++];
-    if (j > first) {
-      norm += exp;
-      i = j;
-    }
-  }
-  double v = 0;
-  const auto r = std::from_chars(norm.data(), norm.data() + norm.size(), v);
-  out.whole = i == n;
-  if (r.ec == std::errc::result_out_of_range) {
-    // Too small to be anything but zero is zero; too large is no number at all.
-    if (norm.find("e-") == std::string::npos) {
-      out.kind = NumberText::NotFinite;
-      return out;
-    }
-    v = 0;
-  }
-  out.kind = std::isfinite(v) ? NumberText::Number : NumberText::NotFinite;
-  out.value = v;
-  return out;
-}
-
-NumberText strictNumber(std::string_view text) {
-  NumberText n = readNumberText(text);
-  if (n.kind == NumberText::Number && !n.whole) n.kind = NumberText::NotANumber;
-  return n;
-}
 
 std::string notFiniteMessage(std::string_view field, std::string_view text) {
   return std::string(field) + " \"" + std::string(trimmedView(text)) + "\" is not a finite number";

@@ -6,23 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "common/number_text.h"
+
 namespace tarn {
 
-// What a field's text holds. Blanks around the number are not part of it.
-struct NumberText {
-  enum Kind { Empty, Number, NotANumber, NotFinite } kind = Empty;
-  double value = 0;
-  bool whole = false;  // the number is the whole text, nothing follows it
-};
-
-// Reads the number at the start of text as the shared leading-number rule does
-// ("D" exponents, "+" signs), but tells apart text with no number, an infinity
-// or NaN spelled out, and a number too large for a double.
-NumberText readNumberText(std::string_view text);
-
-// A whole-text number for a control value: NotANumber unless nothing but the
-// number (and blanks) is there.
-NumberText strictNumber(std::string_view text);
+using marloven::NumberText;
+using marloven::readNumberText;
+using marloven::strictNumber;
 
 // Checks every numeric field of a run copy (ecalc$.inp): the header's seed and
 // weeks per month, the project, economics and weather blocks, the wall, roof
