@@ -1,7 +1,6 @@
 #include "project/project_reader.h"
 
 #include <algorithm>
-
 #include <cmath>
 #include <filesystem>
 

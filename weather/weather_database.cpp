@@ -29,7 +29,8 @@ struct LineIndex {
 
 LineIndex indexLines(std::string_view text) {
   LineIndex idx;
-  std::size_t i = 0;
+  // A byte-order mark an editor put in front is no part of the first code.
+  std::size_t i = text.substr(0, 3) == "\xEF\xBB\xBF" ? 3 : 0;
   const std::size_t n = text.size();
   while (i < n) {
     idx.start.push_back(i);

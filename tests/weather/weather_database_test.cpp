@@ -306,6 +306,14 @@ TEST(WeatherDatabase, ReadsWhatOtherEditorsLeaveAndRefusesATruncatedRecord) {
   } catch (const FileError& e) {
     EXPECT_EQ(e.number(), 62);
   }
+  // A byte-order mark in front: the same places, and one more goes in behind them.
+  db.inst.write("weather/weth.asc", "\xEF\xBB\xBF" + db.bytes());
+  ASSERT_EQ(db.heads().size(), 3u);
+  EXPECT_EQ(db.heads()[0].code, readRecordHeads(db.bytes().substr(3))[0].code);
+  EXPECT_EQ(db.heads()[0].city, "Denver");
+  EXPECT_EQ(db.add(place("Austin", "Texas")), 4);
+  EXPECT_EQ(db.bytes().substr(0, 3), "\xEF\xBB\xBF");
+
   // A missing database has no records and no cities.
   EXPECT_TRUE(readRecordHeadsFile(db.inst.path("weather/none.asc").string()).empty());
 }
