@@ -207,9 +207,9 @@ void checkRunCopy(std::string_view bytes) {
     const std::string& l = lines[k];
     if (l.compare(0, 10, "OA CFM    ") != 0) continue;
     std::string_view v = trimmedView(marloven::fromColumn(l, 11));
-    const bool percent = startsNoCase(v, "pa");
-    if (startsNoCase(v, "cp") || startsNoCase(v, "cs") || percent) v.remove_prefix(2);
-    checkValue(k + 1, "OA CFM", v, percent ? Range{0, 100, "%"} : Range{0, 1e6, "cfm"});
+    // A percent above 100 keeps its warning (100 % is used).
+    if (startsNoCase(v, "cp") || startsNoCase(v, "cs") || startsNoCase(v, "pa")) v.remove_prefix(2);
+    checkValue(k + 1, "OA CFM", v, Range{0, 1e6, ""});
   }
 }
 

@@ -116,7 +116,7 @@ TEST(BadRunCopy, NonFiniteAndAbsurdNumbersInEveryKindOfField) {
       {" 1 1 1", " 1 1 1 -5", "ERROR ecalc$.inp line 87: Lite profile value -5 is outside 0 to 100"},
       // zone fields
       {"Flr. Area", "Flr. Area -516.67", "ERROR ecalc$.inp line 98: Flr. Area -516.67 is outside 0 to 10000000 ft2"},
-      {"OA CFM", "OA CFM    PA250", "ERROR ecalc$.inp line 104: OA CFM 250 is outside 0 to 100 %"},
+      {"OA CFM", "OA CFM    PA2e9", "ERROR ecalc$.inp line 104: OA CFM 2e9 is outside 0 to 1000000"},
       {"OA CFM", "OA CFM    CSinf", "ERROR ecalc$.inp line 104: OA CFM \"inf\" is not a finite number"},
       {"Inf. Rate", "Inf. Rate 5e5", "ERROR ecalc$.inp line 119: Inf. Rate 5e5 is outside 0 to 100 air changes/h"},
       {"Cool SEER", "Cool SEER 2e308",
