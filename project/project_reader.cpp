@@ -223,6 +223,15 @@ ReadSideFiles readProject(std::string_view bytes, Project& p) {
   p.zoneCount = static_cast<std::int16_t>(z - 1);
 
   side.sketchLines = in.rest();
+  if (z > kMaxZones) {
+    // The reader stops at its limit; further zones stay in the sketch's lines.
+    const auto more = std::count_if(side.sketchLines.begin(), side.sketchLines.end(),
+                                    [](const std::string& l) { return l.rfind("Zone No.  ", 0) == 0; });
+    if (more > 0)
+      side.notRead.push_back(std::to_string(more) + (more == 1 ? " zone" : " zones") + " after the " +
+                             std::to_string(kMaxZones) + "th not read: a project holds at most " +
+                             std::to_string(kMaxZones) + " zones");
+  }
   return side;
 }
 
@@ -234,12 +243,17 @@ void writeSideFiles(const std::string& installDir, const ReadSideFiles& files) {
   writeFileAtomic(joinPath(installDir, "sketch/bld_mtx.all"), sketch);
 }
 
-void loadProjectFile(const std::string& installDir, const std::string& path, Project& p) {
+std::vector<std::string> loadProjectFileNoting(const std::string& installDir, const std::string& path, Project& p) {
   const std::string bytes = readFile(path);
   Project next = p;
   const ReadSideFiles side = readProject(bytes, next);
   writeSideFiles(installDir, side);
   p = std::move(next);
+  return side.notRead;
+}
+
+void loadProjectFile(const std::string& installDir, const std::string& path, Project& p) {
+  loadProjectFileNoting(installDir, path, p);
 }
 
 }  // namespace marloven

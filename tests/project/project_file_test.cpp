@@ -232,6 +232,22 @@ TEST(ProjectFile, NinetyNineZonesLeaveTheMatrixLineInTheSketch) {
   }
 }
 
+TEST(ProjectFile, ZonesBeyondTheLimitAreNotReadAndSaidSo) {
+  const auto base = fixtureLines("full_project.inp");
+  for (int n : {99, 101}) {
+    const auto lines = replaceBetween(base, "ZONES", "BUILDING MATRIX", zoneRecords(n));
+    ReadSideFiles side;
+    Project p = readFresh(joinCrlf(lines), &side);
+    EXPECT_EQ(p.zoneCount, 99);
+    if (n == 99) {
+      EXPECT_TRUE(side.notRead.empty());
+    } else {
+      ASSERT_EQ(side.notRead.size(), 1u);
+      EXPECT_EQ(side.notRead[0], "2 zones after the 99th not read: a project holds at most 99 zones");
+    }
+  }
+}
+
 TEST(ProjectFile, SiAnywhereInTheHeaderSelectsSi) {
   struct Case {
     std::string header;
