@@ -40,7 +40,7 @@ struct Field {
 
 constexpr Field kProjectFields[] = {
     {"Orient.   ", {-360, 360, "degrees"}}, {"FloorArea ", {0, 1e7, "ft2"}}, {"Con. Cost ", {0, 1e11, "$"}},
-    {"Occ. Days ", {0, 7, "days"}},         {"An Hldays ", {0, 366, "days"}},
+    {"Occ. Days ", {0, 366, "days"}},  // above 7: days a year         {"An Hldays ", {0, 366, "days"}},
 };
 constexpr Field kEconomicsFields[] = {
     {"Econ.Life ", {0, 100, "years"}}, {"Mech.Life ", {0, 100, "years"}}, {"SolarLife ", {0, 100, "years"}},

@@ -95,7 +95,7 @@ TEST(BadRunCopy, NonFiniteAndAbsurdNumbersInEveryKindOfField) {
       {"MARLOVEN", "MARLOVEN  .83774665 x4  IP", "ERROR ecalc$.inp line 1: the weeks per month \"x4\" is not a whole number"},
       // project and economics
       {"Orient.", "Orient.   inf", "ERROR ecalc$.inp line 9: Orient. \"inf\" is not a finite number"},
-      {"Occ. Days", "Occ. Days 1e30", "ERROR ecalc$.inp line 12: Occ. Days 1e30 is outside 0 to 7 days"},
+      {"Occ. Days", "Occ. Days 1e30", "ERROR ecalc$.inp line 12: Occ. Days 1e30 is outside 0 to 366 days"},
       {"Disc.Rate", "Disc.Rate -NaN", "ERROR ecalc$.inp line 31: Disc.Rate \"-NaN\" is not a finite number"},
       {"Elec.Cost", "Elec.Cost 1D400", "ERROR ecalc$.inp line 33: Elec.Cost \"1D400\" is not a finite number"},
       // weather block: site, monthly tables, design temperatures
@@ -132,7 +132,7 @@ TEST(BadRunCopy, NonFiniteAndAbsurdNumbersInEveryKindOfField) {
     EXPECT_EQ(o.error, c.error);
   }
   // Values at the ends of their ranges run.
-  std::string edge = withLine(good, "Occ. Days", "Occ. Days 7");
+  std::string edge = withLine(good, "Occ. Days", "Occ. Days 260");  // days a year
   edge = withLine(edge, "Grnd Refl", "Grnd Refl  1 ");
   edge = withLine(edge, "Elec.Cost", "Elec.Cost 1e-400");  // too small to be anything but 0
   EXPECT_EQ(run(edge, kControl).code, ExitCode::Ok);
