@@ -198,18 +198,15 @@ void checkRunCopy(std::string_view bytes) {
         continue;
       }
     }
+    if (section == Section::Zones && l.compare(0, 10, "OA CFM    ") == 0) {
+      // The kind before the number; a percent above 100 keeps its warning (100 % is used).
+      std::string_view v = trimmedView(marloven::fromColumn(l, 11));
+      if (startsNoCase(v, "cp") || startsNoCase(v, "cs") || startsNoCase(v, "pa")) v.remove_prefix(2);
+      checkValue(lineNo, "OA CFM", v, Range{0, 1e6, ""});
+      continue;
+    }
     if (!f) continue;
     checkValue(lineNo, fieldName(f->label), marloven::fromColumn(l, 11), f->range);
-  }
-
-  // Outside air carries its kind before the number.
-  for (std::size_t k = 1; k < lines.size(); ++k) {
-    const std::string& l = lines[k];
-    if (l.compare(0, 10, "OA CFM    ") != 0) continue;
-    std::string_view v = trimmedView(marloven::fromColumn(l, 11));
-    // A percent above 100 keeps its warning (100 % is used).
-    if (startsNoCase(v, "cp") || startsNoCase(v, "cs") || startsNoCase(v, "pa")) v.remove_prefix(2);
-    checkValue(k + 1, "OA CFM", v, Range{0, 1e6, ""});
   }
 }
 
