@@ -361,7 +361,9 @@ RawFile readCustom(const std::vector<std::string_view>& lines, RunLog& log) {
       while (pos < l.size() && (l[pos] == ' ' || l[pos] == '\t')) ++pos;
       if (pos >= l.size()) break;
       const std::size_t end = l.find_first_of(" \t", pos);
-      v.push_back(marloven::leadingNumber(l.substr(pos, end == std::string::npos ? end : end - pos)));
+      // A value that is no number is missing, never 0 °F.
+      const marloven::NumberText n = marloven::readNumberText(l.substr(pos, end == std::string::npos ? end : end - pos));
+      v.push_back(n.kind == marloven::NumberText::Number ? n.value : kNaN);
       pos = end == std::string::npos ? l.size() : end;
     }
     if (v.size() < 10) {

@@ -315,7 +315,11 @@ TEST(BadRecordedWeather, RangesGapsMissingFieldsAndLayouts) {
        WeatherFormat::Custom, ExitCode::BadWeather, "ecalc$.tmy line 50",
        "the wind speed is missing for 24 hours from this record on; gaps of up to 6 hours are filled"},
       {"a dew point never given", customYear([](int, std::string l) { return fieldReplaced(l, 5, "x"); }),
-       WeatherFormat::Custom, ExitCode::Ok, "", ""},  // "x" reads as 0, the shared leading-number rule
+       WeatherFormat::Custom, ExitCode::BadWeather, "ecalc$.tmy", "the dew point is missing in every record"},
+      {"a dry bulb of text for a day",
+       customYear([](int i, std::string l) { return i >= 100 && i < 124 ? fieldReplaced(l, 4, "n/a") : l; }),
+       WeatherFormat::Custom, ExitCode::BadWeather, "ecalc$.tmy line 102",
+       "the dry bulb is missing for 24 hours from this record on; gaps of up to 6 hours are filled"},
       {"TMY2 declared as WYEC2", tmy2, WeatherFormat::Wyec2, ExitCode::BadInput, "ecalc$.tmy",
        "the file is not WYEC2 as the control file says; it looks like TMY2"},
       {"CUSTOM declared as TMY2", customYear([](int, std::string l) { return l; }), WeatherFormat::Tmy2,
