@@ -318,6 +318,23 @@ TEST(WeatherDatabase, ReadsWhatOtherEditorsLeaveAndRefusesATruncatedRecord) {
   EXPECT_TRUE(readRecordHeadsFile(db.inst.path("weather/none.asc").string()).empty());
 }
 
+TEST(WeatherDatabase, AFullDatabaseTakesNoNewPlace) {
+  Database db;
+  db.add(place("Denver", "Colorado"));
+  const std::string one = db.bytes();
+  std::string full;
+  for (int i = 0; i < kMaxWeatherRecords; ++i) full += one;
+  db.inst.write("weather/weth.asc", full);
+  EXPECT_EQ(saveAsNew(db.path, place("Golden", "Colorado"), UnitSystem::IP, true), SaveOutcome::Full);
+  EXPECT_EQ(db.bytes(), full);
+  EXPECT_EQ(saveMessage(SaveOutcome::Full).title, "Weather database full");
+  // An update of a place in it still saves.
+  WeatherFields denver = place("Denver", "Colorado");
+  denver.record = 1;
+  denver.rows[0][0] = "1.5";
+  EXPECT_EQ(saveAsUpdate(db.path, denver, UnitSystem::IP, true), SaveOutcome::Saved);
+}
+
 TEST(WeatherDatabase, ReadsValuesThatFillTheirColumns) {
   Database db;
   WeatherFields f = place("Vostok", "Antarctica");
