@@ -63,7 +63,7 @@ int normalize(Context& c, const std::vector<std::string>& a) {
   }
   requireInstallation(c);
   Project p;
-  loadProjectFile(c.installDir, a[0], p);
+  sayNotRead(c, a[0], loadProjectFileNoting(c.installDir, a[0], p));
   ColumnPrinter printer;
   printHeader(printer, p.seed, p.weeksPerMonth, p.units);
   writeProjectStraight(printer, p, readSketchLines(c.installDir));
@@ -89,7 +89,7 @@ int convert(Context& c, const std::vector<std::string>& a) {
   requireInstallation(c);
   const UnitSystem target = a[1] == "ip" ? UnitSystem::IP : UnitSystem::SI;
   Project p;
-  loadProjectFile(c.installDir, a[2], p);
+  sayNotRead(c, a[2], loadProjectFileNoting(c.installDir, a[2], p));
   const Conversion conversion =
       p.units == target ? Conversion::None : (target == UnitSystem::IP ? Conversion::ToIP : Conversion::ToSI);
   ColumnPrinter printer;
@@ -108,7 +108,7 @@ int check(Context& c, const std::vector<std::string>& a) {
   }
   requireInstallation(c);
   Project p;
-  loadProjectFile(c.installDir, a[0], p);
+  sayNotRead(c, a[0], loadProjectFileNoting(c.installDir, a[0], p));
   writeErrorCheck(c.installDir, p);
   c.out << joinPath(c.installDir, "temp/ecalc$.inp") << ": " << p.zoneCount << (p.zoneCount == 1 ? " zone" : " zones")
         << ", " << (p.units == UnitSystem::IP ? "I-P" : "SI") << " units\n";
@@ -137,6 +137,10 @@ const char* usage() { return kUsage; }
 void requireInstallation(const Context& c) {
   if (!std::filesystem::is_directory(std::filesystem::path(c.installDir) / "temp"))
     throw FileError(err::kPathNotFound, c.installDir + " has no temp directory");
+}
+
+void sayNotRead(const Context& c, const std::string& file, const std::vector<std::string>& notRead) {
+  for (const std::string& what : notRead) c.err << "warning: " << file << ": " << what << "\n";
 }
 
 int run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {

@@ -27,4 +27,7 @@ const char* usage();
 // that write scratch files need one.
 void requireInstallation(const Context& c);
 
+// Tells on the error stream what a project file held beyond the reader's limits.
+void sayNotRead(const Context& c, const std::string& file, const std::vector<std::string>& notRead);
+
 }  // namespace marloven::cli

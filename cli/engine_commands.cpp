@@ -1,10 +1,12 @@
 #include "cli/engine_commands.h"
 
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -30,6 +32,7 @@ int spawnIn(const fs::path& dir, const std::string& engine, std::string& why) {
     why = std::strerror(errno);
     return -1;
   }
+  const pid_t parent = getpid();
   const pid_t pid = fork();
   if (pid < 0) {
     why = std::strerror(errno);
@@ -40,6 +43,11 @@ int spawnIn(const fs::path& dir, const std::string& engine, std::string& why) {
   if (pid == 0) {
     close(pipeFds[0]);
     int failure = 0;
+    // No engine outlives the command: it ends when the command does, however
+    // the command was ended (an interrupt, kill, a closed terminal). The
+    // parent may already be gone before the request takes hold.
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+    if (getppid() != parent) _exit(128 + SIGTERM);
     if (chdir(dir.c_str()) != 0) {
       failure = errno;
     } else {

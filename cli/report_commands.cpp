@@ -96,7 +96,7 @@ int reportFront(Context& c, const std::vector<std::string>& a) {
   }
   requireInstallation(c);
   Project p;
-  loadProjectFile(c.installDir, a[0], p);
+  sayNotRead(c, a[0], loadProjectFileNoting(c.installDir, a[0], p));
 
   const std::time_t now = std::time(nullptr);
   std::tm local{};

@@ -163,6 +163,7 @@ int runProject(Context& c, const std::vector<std::string>& a) {
   {
     Project p;
     side = readProject(readFile(project), p);
+    sayNotRead(c, project, side.notRead);
     state.project = std::move(p);
   }
   Project& p = state.project;

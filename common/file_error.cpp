@@ -65,6 +65,7 @@ int errorNumberFromErrno(int errnoValue) {
     case EPERM:
     case EROFS: return err::kPermissionDenied;
     case ENOSPC:
+    case EFBIG:  // past the file-size limit: no more room, as on a full disk
 #ifdef EDQUOT
     case EDQUOT:
 #endif

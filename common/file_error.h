@@ -50,7 +50,7 @@ class FileError : public std::runtime_error {
 };
 
 // The error number for an errno value of a failed file operation
-// (ENOENT -> 53, EACCES -> 70, ENOSPC -> 61, ENOTDIR -> 76, ...).
+// (ENOENT -> 53, EACCES -> 70, ENOSPC and EFBIG -> 61, ENOTDIR -> 76, ...).
 int errorNumberFromErrno(int errnoValue);
 
 }  // namespace marloven

@@ -100,6 +100,84 @@ std::string withoutLeadingBlank(std::string s) {
 
 }  // namespace
 
+namespace {
+std::string_view trimmedBlanks(std::string_view s) {
+  while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
+  while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.remove_suffix(1);
+  return s;
+}
+
+bool startsNoCase(std::string_view s, std::string_view word) {
+  if (s.size() < word.size()) return false;
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if ((s[i] | 0x20) != word[i]) return false;
+  return true;
+}
+}  // namespace
+
+NumberText readNumberText(std::string_view text) {
+  NumberText out;
+  const std::string_view t = trimmedBlanks(text);
+  if (t.empty()) return out;
+  std::size_t i = 0;
+  const std::size_t n = t.size();
+  std::string norm;
+  if (t[i] == '+' || t[i] == '-') {
+    if (t[i] == '-') norm += '-';
+    ++i;
+  }
+  if (startsNoCase(t.substr(i), "inf") || startsNoCase(t.substr(i), "nan")) {
+    out.kind = NumberText::NotFinite;
+    return out;
+  }
+  std::size_t digits = 0;
+  const std::size_t intStart = i;
+  while (i < n && isDigit(t[i])) ++i;
+  digits += i - intStart;
+  norm += digits ? std::string(t.substr(intStart, i - intStart)) : std::string("0");
+  if (i < n && t[i] == '.') {
+    const std::size_t f = ++i;
+    while (i < n && isDigit(t[i])) ++i;
+    digits += i - f;
+    if (i > f) norm += "." + std::string(t.substr(f, i - f));
+  }
+  if (digits == 0) {
+    out.kind = NumberText::NotANumber;
+    return out;
+  }
+  if (i < n && (t[i] == 'E' || t[i] == 'e' || t[i] == 'D' || t[i] == 'd')) {
+    std::size_t j = i + 1;
+    std::string exp = "e";
+    if (j < n && (t[j] == '+' || t[j] == '-')) exp += t[j++];
+    const std::size_t first = j;
+    while (j < n && isDigit(t[j])) exp += t[j++];
+    if (j > first) {
+      norm += exp;
+      i = j;
+    }
+  }
+  double v = 0;
+  const auto r = std::from_chars(norm.data(), norm.data() + norm.size(), v);
+  out.whole = i == n;
+  if (r.ec == std::errc::result_out_of_range) {
+    // Too small to be anything but zero is zero; too large is no number at all.
+    if (norm.find("e-") == std::string::npos) {
+      out.kind = NumberText::NotFinite;
+      return out;
+    }
+    v = 0;
+  }
+  out.kind = std::isfinite(v) ? NumberText::Number : NumberText::NotFinite;
+  out.value = v;
+  return out;
+}
+
+NumberText strictNumber(std::string_view text) {
+  NumberText n = readNumberText(text);
+  if (n.kind == NumberText::Number && !n.whole) n.kind = NumberText::NotANumber;
+  return n;
+}
+
 double leadingNumber(std::string_view text) {
   std::size_t i = 0;
   const std::size_t n = text.size();

@@ -19,6 +19,22 @@ namespace marloven {
 // that cannot continue the number. Text with no digits there gives 0. Never fails.
 double leadingNumber(std::string_view text);
 
+// What a field's text holds. Blanks around the number are not part of it.
+struct NumberText {
+  enum Kind { Empty, Number, NotANumber, NotFinite } kind = Empty;
+  double value = 0;
+  bool whole = false;  // the number is the whole text, nothing follows it
+};
+
+// Reads the number at the start of text as leadingNumber does ("D" exponents,
+// "+" signs), but tells apart text with no number, an infinity or NaN spelled
+// out, and a number too large for a double (one too small is 0).
+NumberText readNumberText(std::string_view text);
+
+// A whole-text number: NotANumber unless nothing but the number (and blanks)
+// is there.
+NumberText strictNumber(std::string_view text);
+
 // Padded number text: the shortest decimal text that reads back to the same value
 // (at most 7 significant digits for single precision, 15 for double; when no text
 // of that many digits reads back, the value rounded to that many digits), with

@@ -9,6 +9,9 @@ namespace marloven {
 std::vector<std::string> splitLines(std::string_view text) {
   std::vector<std::string> lines;
   std::size_t start = 0;
+  // Editors on other systems start a text with the UTF-8 byte-order mark; it is
+  // no part of the first line.
+  if (text.substr(0, 3) == "\xEF\xBB\xBF") start = 3;
   const std::size_t n = text.size();
   for (std::size_t i = 0; i < n; ++i) {
     const char c = text[i];

@@ -2,7 +2,8 @@
 //
 // Files are kept as bytes end to end: no decoding happens here. A line ends at
 // CR LF, at LF alone (files edited on other systems) or at CR alone. The bytes
-// after the last line end, when there are any, are one more line.
+// after the last line end, when there are any, are one more line. A UTF-8
+// byte-order mark at the start of the text is skipped.
 #pragma once
 
 #include <cstddef>

@@ -75,7 +75,7 @@ Calendar buildCalendar(int year, const RunControl& control, double occupiedDays,
   auto inPeriod = [&](int d) { return begin <= end ? (d >= begin && d <= end) : (d <= end || d >= begin); };
 
   const std::vector<int> hol = holidays(year, control.firstWeekday,
-                                        std::max(0, static_cast<int>(holidayCount)));
+                                        static_cast<int>(std::clamp(holidayCount, 0.0, 366.0)));
   for (int d = 1; d <= cal.yearDays; ++d) {
     DayInfo& di = cal.days[d - 1];
     int m = 1;

@@ -5,6 +5,7 @@
 
 #include "common/number_text.h"
 #include "common/text_lines.h"
+#include "engine/input_checks.h"
 #include "engine/run_log.h"
 
 namespace tarn {
@@ -13,6 +14,31 @@ namespace {
 const char* const kLabels[8] = {"Run type", "Wthr type", "1st day", "Run begin",
                                 "Run end",  "Hourly out", "Skip month", "Comfort"};
 std::string where(int line) { return "ecalc$.tmp line " + std::to_string(line); }
+
+constexpr double kComfortMin = -100, kComfortMax = 200;
+
+std::string_view trimmed(std::string_view s) {
+  while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
+  while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
+  return s;
+}
+
+std::string_view firstToken(std::string_view s) {
+  const std::size_t a = s.find_first_not_of(' ');
+  if (a == std::string_view::npos) return {};
+  s.remove_prefix(a);
+  return s.substr(0, s.find(' '));
+}
+
+// A control value must be a number and nothing else; blank is 0.
+double controlNumber(std::string_view text, int line, const char* what) {
+  const NumberText n = strictNumber(text);
+  if (n.kind == NumberText::Empty) return 0;
+  if (n.kind != NumberText::Number)
+    throw RunFailure(ExitCode::BadInput, where(line),
+                     std::string(what) + " \"" + std::string(firstToken(text)) + "\" is not a number");
+  return n.value;
+}
 }  // namespace
 
 RunControl parseControl(std::string_view bytes, RunLog& log) {
@@ -31,7 +57,9 @@ RunControl parseControl(std::string_view bytes, RunLog& log) {
     if (lines[i].compare(0, std::string(kLabels[i]).size(), kLabels[i]) != 0)
       throw RunFailure(ExitCode::BadInput, where(i + 1),
                        std::string("expected the \"") + kLabels[i] + "\" line, found \"" + lines[i] + "\"");
-  auto value = [&](int i) { return marloven::leadingNumber(marloven::fromColumn(lines[i], 13)); };
+  auto value = [&](int i) {
+    return controlNumber(firstToken(marloven::fromColumn(lines[i], 13)), i + 1, kLabels[i]);
+  };
 
   const double run = value(0);
   if (run != 1 && run != 2 && run != 3 && run != 4)
@@ -52,14 +80,17 @@ RunControl parseControl(std::string_view bytes, RunLog& log) {
     throw RunFailure(ExitCode::BadInput, where(5), "run end must be a day of the year, found \"" + lines[4] + "\"");
   c.beginDay = static_cast<int>(begin);
   c.endDay = static_cast<int>(end);
-  c.hourlyOut = value(5) == 1.0;
+  const double hourly = value(5);
+  if (hourly != 0 && hourly != 1)
+    throw RunFailure(ExitCode::BadInput, where(6), "hourly out must be 0 or 1, found \"" + lines[5] + "\"");
+  c.hourlyOut = hourly == 1.0;
 
   std::string_view skip = marloven::fromColumn(lines[6], 13);
   while (true) {
     const std::size_t p = skip.find_first_not_of(' ');
     if (p == std::string_view::npos) break;
     skip.remove_prefix(p);
-    const double m = marloven::leadingNumber(skip);
+    const double m = controlNumber(firstToken(skip), 7, "Skip month");
     if (!(m >= 1 && m <= 12 && m == static_cast<int>(m)))
       throw RunFailure(ExitCode::BadInput, where(7), "skipped months must be 1 to 12, found \"" + lines[6] + "\"");
     c.skipMonth[static_cast<int>(m)] = true;
@@ -68,8 +99,19 @@ RunControl parseControl(std::string_view bytes, RunLog& log) {
     skip.remove_prefix(q);
   }
 
-  c.comfortLow = marloven::leadingNumber(marloven::midText(lines[7], 13, 10));
-  c.comfortHigh = marloven::leadingNumber(marloven::fromColumn(lines[7], 23));
+  // In the report's units, so the range holds both scales.
+  auto comfort = [&](std::string_view text, const char* what) {
+    const double t = controlNumber(text, 8, what);
+    if (trimmed(text).empty())
+      throw RunFailure(ExitCode::BadInput, where(8), std::string("the ") + what + " is missing");
+    if (t < kComfortMin || t > kComfortMax)
+      throw RunFailure(ExitCode::BadInput, where(8),
+                       std::string("the ") + what + " " + std::string(trimmed(text)) + " is outside " +
+                           marloven::bare(kComfortMin) + " to " + marloven::bare(kComfortMax));
+    return t;
+  };
+  c.comfortLow = comfort(marloven::midText(lines[7], 13, 10), "lower comfort limit");
+  c.comfortHigh = comfort(marloven::fromColumn(lines[7], 23), "upper comfort limit");
   if (c.comfortLow > c.comfortHigh) {
     std::swap(c.comfortLow, c.comfortHigh);
     log.warning(where(8), "comfort limits were reversed and have been swapped");

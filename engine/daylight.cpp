@@ -5,6 +5,7 @@
 
 #include "common/number_text.h"
 #include "common/text_lines.h"
+#include "engine/input_checks.h"
 #include "engine/model.h"
 #include "engine/run_log.h"
 
@@ -40,7 +41,10 @@ DaylightControls readDaylightFile(std::string_view bytes, bool si) {
   auto number = [&](std::size_t n, double fallback, double lo, double hi, const char* what) {
     const std::string v = value(n);
     if (v.empty()) return fallback;
-    const double x = marloven::leadingNumber(v);
+    const NumberText t = strictNumber(v);
+    if (t.kind != NumberText::Number)
+      throw RunFailure(ExitCode::BadInput, where(n), std::string(what) + " \"" + v + "\" is not a number");
+    const double x = t.value;
     if (x < lo || x > hi)
       throw RunFailure(ExitCode::BadInput, where(n), std::string(what) + " must be " + marloven::bare(lo) + " to " + marloven::bare(hi));
     return x;
@@ -62,9 +66,17 @@ DaylightControls readDaylightFile(std::string_view bytes, bool si) {
     const std::string id = trimmed(marloven::midText(l, 1, 4));
     if (id.empty()) continue;
     LightShelf s;
-    s.depth = std::max(0.0, marloven::leadingNumber(marloven::midText(l, 45, 7))) * length;
+    const NumberText depth = readNumberText(marloven::midText(l, 45, 7));
+    if (depth.kind == NumberText::NotFinite || (depth.kind == NumberText::Number && depth.value > 1e3))
+      throw RunFailure(ExitCode::BadInput, where(n), "the shelf depth must be 0 to 1000");
+    s.depth = std::max(0.0, depth.value) * length;
     const std::string refl = trimmed(marloven::midText(l, 63, 6));
-    if (!refl.empty()) s.reflectance = marloven::leadingNumber(refl);
+    if (!refl.empty()) {
+      const NumberText r = strictNumber(refl);
+      if (r.kind != NumberText::Number)
+        throw RunFailure(ExitCode::BadInput, where(n), "the shelf reflectance \"" + refl + "\" is not a number");
+      s.reflectance = r.value;
+    }
     if (s.reflectance < 0 || s.reflectance > 1)
       throw RunFailure(ExitCode::BadInput, where(n), "the shelf reflectance must be 0 to 1");
     c.shelves[id] = s;

@@ -16,6 +16,7 @@
 #include "engine/daylight.h"
 #include "engine/economics.h"
 #include "engine/hourly_files.h"
+#include "engine/input_checks.h"
 #include "engine/loads.h"
 #include "engine/model.h"
 #include "engine/report.h"
@@ -91,6 +92,8 @@ std::optional<Simulation> simulate(const fs::path& dir, RunLog& log) {
   auto sim = std::make_optional<Simulation>();
   Simulation& r = *sim;
   marloven::ReadSideFiles side;
+  // Before the reader turns texts into numbers of its own sizes.
+  checkRunCopy(inp);
   try {
     side = marloven::readProject(inp, r.project);
   } catch (const marloven::FileError& e) {

@@ -83,6 +83,10 @@ RoomHeights roomHeights(const std::vector<std::string>& sketch) {
   return rh;
 }
 
+// A code field as an integer, 0 when far outside any code: a conversion out of
+// the integer's range is undefined.
+int smallWhole(double v) { return v > -1000 && v < 1000 ? static_cast<int>(v) : 0; }
+
 double lightsRadiantFraction(int type) {
   switch (type) {
     case 2: case 5: return 0.8;
@@ -153,7 +157,8 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
   p.units = marloven::UnitSystem::IP;
 
   const std::string yearText = trimmed(p.data[marloven::kConstructionYear]);
-  m.year = static_cast<int>(leadingNumber(yearText.size() > 4 ? yearText.substr(yearText.size() - 4) : yearText));
+  const double yearValue = leadingNumber(yearText.size() > 4 ? yearText.substr(yearText.size() - 4) : yearText);
+  m.year = yearValue >= 1 && yearValue <= 9999 ? static_cast<int>(yearValue) : 0;  // "1e99" fits 4 characters
   if (m.year < 1) {
     log.warning("ecalc$.inp", "no construction year; 2001 is used");
     m.year = 2001;
@@ -442,7 +447,7 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
     z.people = std::max(0.0, leadingNumber(zr.fields[marloven::kPeople]));
     z.lightsW = std::max(0.0, leadingNumber(zr.fields[marloven::kLightingPower])) * z.floorArea;
     z.equipmentW = std::max(0.0, leadingNumber(zr.fields[marloven::kEquipmentLoad])) * z.floorArea;
-    z.lightsRadiant = lightsRadiantFraction(static_cast<int>(leadingNumber(zr.fields[marloven::kLightingType])));
+    z.lightsRadiant = lightsRadiantFraction(smallWhole(leadingNumber(zr.fields[marloven::kLightingType])));
 
     const marloven::OutsideAir oa = marloven::splitOutsideAir(zr.fields[marloven::kOutsideAir]);
     const double rate = std::max(0.0, leadingNumber(oa.number));
@@ -464,13 +469,13 @@ SimModel buildModel(const marloven::Project& project, const std::vector<std::str
 
     const std::string where = zoneWhere(z.id, 0);
     const double coolField = leadingNumber(zr.fields[marloven::kCoolingType]);
-    z.coolType = static_cast<int>(coolField);
+    z.coolType = smallWhole(coolField);
     if (z.coolType < 1 || z.coolType > 9 || z.coolType != coolField) {
       log.warning(where, "cooling type \"" + trimmed(zr.fields[marloven::kCoolingType]) + "\" is not 1 to 9; 5 (rooftop) is used");
       z.coolType = 5;
     }
     const double heatField = leadingNumber(zr.fields[marloven::kHeatingType]);
-    z.heatType = static_cast<int>(heatField);
+    z.heatType = smallWhole(heatField);
     if (z.heatType < 1 || z.heatType > 3 || z.heatType != heatField) {
       log.warning(where, "heating type \"" + trimmed(zr.fields[marloven::kHeatingType]) + "\" is not 1 to 3; 1 (gas) is used");
       z.heatType = 1;

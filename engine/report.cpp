@@ -80,6 +80,7 @@ std::string numberField(double value, int width, int decimals, RunLog* log) {
     if (v == 0.0) v = 0.0;  // no "-0.0"
     char buf[64];
     const auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::fixed, d);
+    if (r.ec != std::errc()) break;  // far too wide for any field
     std::string s(buf, r.ptr);
     if (static_cast<int>(s.size()) <= width - 1) return rightIn(s, static_cast<std::size_t>(width));
   }
@@ -87,15 +88,29 @@ std::string numberField(double value, int width, int decimals, RunLog* log) {
   return std::string(static_cast<std::size_t>(width), '*');
 }
 
+namespace {
+// Below 2^53 units a double counts them exactly; beyond, there is no fraction
+// left to hand out, and llround would leave the range of long long.
+bool countable(double units) { return std::fabs(units) < 9007199254740992.0; }
+}  // namespace
+
 std::vector<double> roundParts(const std::vector<double>& parts, int decimals) {
   const double scale = std::pow(10.0, decimals);
   double total = 0;
   for (double v : parts) total += v;
-  return roundPartsTo(parts, decimals, static_cast<double>(std::llround(total * scale)) / scale);
+  return roundPartsTo(parts, decimals, std::round(total * scale) / scale);
 }
 
 std::vector<double> roundPartsTo(const std::vector<double>& parts, int decimals, double total) {
   const double scale = std::pow(10.0, decimals);
+  bool exact = countable(total * scale);
+  for (double v : parts) exact = exact && countable(v * scale);
+  if (!exact) {
+    std::vector<double> out(parts.size() + 1);
+    for (std::size_t i = 0; i < parts.size(); ++i) out[i] = std::round(parts[i] * scale) / scale;
+    out.back() = std::round(total * scale) / scale;
+    return out;
+  }
   const long long target = std::llround(total * scale);
   std::vector<long long> units(parts.size());
   std::vector<double> remainder(parts.size());
@@ -106,6 +121,11 @@ std::vector<double> roundPartsTo(const std::vector<double>& parts, int decimals,
     sum += units[i];
   }
   long long diff = target - sum;
+  // Each part's rounding is off by less than one unit, so a target further away
+  // than one unit per part is no rounding error: the parts keep their own
+  // rounding and the total is their sum.
+  long long printedTotal = target;
+  if (static_cast<std::size_t>(diff < 0 ? -diff : diff) > parts.size()) printedTotal = sum, diff = 0;
   while (diff != 0) {
     // The non-zero part whose rounding moved it furthest from the direction needed.
     std::size_t best = parts.size();
@@ -121,7 +141,7 @@ std::vector<double> roundPartsTo(const std::vector<double>& parts, int decimals,
   }
   std::vector<double> out(parts.size() + 1);
   for (std::size_t i = 0; i < parts.size(); ++i) out[i] = static_cast<double>(units[i]) / scale;
-  out.back() = static_cast<double>(target - diff) / scale;
+  out.back() = static_cast<double>(printedTotal - diff) / scale;
   return out;
 }
 
@@ -332,9 +352,9 @@ PrintedSite printedSite(const PrintedMonths& pm, const CostResult& k, const Unit
   const double target = std::round((exact - s.parts[kSpaceHeating] - s.parts[kSpaceCooling]) * 10.0) / 10.0;
   const std::vector<double> r = roundPartsTo(free, 1, target);
   s.parts[kWaterHeating] = r[0], s.parts[kFanMotors] = r[1], s.parts[kLighting] = r[2], s.parts[kEquipment] = r[3];
-  long long tenths = 0;
-  for (double v : s.parts) tenths += std::llround(v * 10.0);
-  s.total = static_cast<double>(tenths) / 10.0;
+  double tenths = 0;
+  for (double v : s.parts) tenths += std::round(v * 10.0);
+  s.total = tenths / 10.0;
   return s;
 }
 

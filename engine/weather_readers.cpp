@@ -25,6 +25,7 @@ constexpr double kMsToMph = 2.23694;
 double cToF(double c) { return c * 1.8 + 32.0; }
 
 struct RawHour {
+  std::size_t line = 0;  // 1-based, for messages
   int month = 0, day = 0;
   double db = kNaN, dp = kNaN, rh = kNaN, p = kNaN, gh = kNaN, dn = kNaN, dh = kNaN, wind = kNaN;
   double ir = kNaN, cover = kNaN;  // sky long-wave Btu/h·ft², opaque cloud cover tenths
@@ -57,6 +58,10 @@ double field(std::string_view line, std::size_t col, std::size_t width) {
 
 double orNaN(double v, bool missing) { return missing ? kNaN : v; }
 
+// A month, day or hour field as an integer; 0 for a blank or absurd field (a
+// conversion out of the integer's range is undefined).
+int calendarNumber(double v) { return v > -1000 && v < 1000 ? static_cast<int>(v) : 0; }
+
 // The lines of a text as views into it; a line ends at CR LF, LF or CR, and
 // bytes after the last end are one more line. The ends are found with memchr,
 // the next LF being kept until a line passes it.
@@ -69,7 +74,8 @@ std::vector<std::string_view> lineViews(std::string_view text) {
     const void* at = to > from ? std::memchr(base + from, c, to - from) : nullptr;
     return at ? static_cast<std::size_t>(static_cast<const char*>(at) - base) : to;
   };
-  std::size_t start = 0, lf = find('\n', 0, n);
+  std::size_t start = text.substr(0, 3) == "\xEF\xBB\xBF" ? 3 : 0;  // a byte-order mark is no part of line 1
+  std::size_t lf = find('\n', start, n);
   while (start < n) {
     if (lf < start) lf = find('\n', start, n);
     const std::size_t cr = find('\r', start, lf);
@@ -207,8 +213,9 @@ RawFile readEpw(const std::vector<std::string_view>& lines, RunLog& log) {
       continue;
     }
     RawHour h;
-    h.month = static_cast<int>(num(v, 1));
-    h.day = static_cast<int>(num(v, 2));
+    h.line = i + 1;
+    h.month = calendarNumber(num(v, 1));
+    h.day = calendarNumber(num(v, 2));
     const double db = num(v, 6), dp = num(v, 7), rh = num(v, 8), p = num(v, 9);
     h.db = orNaN(cToF(db), !(db < 99.9));
     h.dp = orNaN(cToF(dp), !(dp < 99.9));
@@ -249,8 +256,9 @@ RawFile readTmy3(const std::vector<std::string_view>& lines) {
     v.split(lines[i]);
     if (v.size() < 47) continue;
     RawHour h;
-    h.month = static_cast<int>(num(v, 0));
-    h.day = static_cast<int>(marloven::leadingNumber(v[0].substr(std::min<std::size_t>(3, v[0].size()))));
+    h.line = i + 1;
+    h.month = calendarNumber(num(v, 0));
+    h.day = calendarNumber(marloven::leadingNumber(v[0].substr(std::min<std::size_t>(3, v[0].size()))));
     const double gh = num(v, 4), dn = num(v, 7), dh = num(v, 10), db = num(v, 31), dp = num(v, 34),
                  rh = num(v, 37), p = num(v, 40), ws = num(v, 46), opaque = num(v, 28);
     h.gh = orNaN(gh * kWhM2ToBtuFt2, !(gh >= 0 && gh < 9999));
@@ -303,8 +311,9 @@ RawFile readTmy2(const std::vector<std::string_view>& lines) {
     const std::string_view l = lines[i];
     if (l.size() < 98) continue;
     RawHour h;
-    h.month = static_cast<int>(field(l, 4, 2));
-    h.day = static_cast<int>(field(l, 6, 2));
+    h.line = i + 1;
+    h.month = calendarNumber(field(l, 4, 2));
+    h.day = calendarNumber(field(l, 6, 2));
     const double gh = field(l, 18, 4), dn = field(l, 24, 4), dh = field(l, 30, 4),
                  db = field(l, 68, 4), dp = field(l, 74, 4), rh = field(l, 80, 3),
                  p = field(l, 85, 4), ws = field(l, 96, 3);
@@ -318,11 +327,13 @@ RawFile readTmy2(const std::vector<std::string_view>& lines) {
 
 RawFile readWyec2(const std::vector<std::string_view>& lines) {
   RawFile f;
-  for (const std::string_view l : lines) {
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::string_view l = lines[i];
     if (l.size() < 107) continue;
     RawHour h;
-    h.month = static_cast<int>(field(l, 9, 2));
-    h.day = static_cast<int>(field(l, 11, 2));
+    h.line = i + 1;
+    h.month = calendarNumber(field(l, 9, 2));
+    h.day = calendarNumber(field(l, 11, 2));
     const double gh = field(l, 19, 4), dn = field(l, 25, 4), dh = field(l, 31, 4),
                  p = field(l, 84, 5), db = field(l, 90, 4), dp = field(l, 95, 4),
                  ws = field(l, 104, 4);
@@ -350,7 +361,9 @@ RawFile readCustom(const std::vector<std::string_view>& lines, RunLog& log) {
       while (pos < l.size() && (l[pos] == ' ' || l[pos] == '\t')) ++pos;
       if (pos >= l.size()) break;
       const std::size_t end = l.find_first_of(" \t", pos);
-      v.push_back(marloven::leadingNumber(l.substr(pos, end == std::string::npos ? end : end - pos)));
+      // A value that is no number is missing, never 0 °F.
+      const marloven::NumberText n = marloven::readNumberText(l.substr(pos, end == std::string::npos ? end : end - pos));
+      v.push_back(n.kind == marloven::NumberText::Number ? n.value : kNaN);
       pos = end == std::string::npos ? l.size() : end;
     }
     if (v.size() < 10) {
@@ -358,8 +371,9 @@ RawFile readCustom(const std::vector<std::string_view>& lines, RunLog& log) {
       continue;
     }
     RawHour h;
-    h.month = static_cast<int>(v[1]);
-    h.day = static_cast<int>(v[2]);
+    h.line = i + 1;
+    h.month = calendarNumber(v[1]);
+    h.day = calendarNumber(v[2]);
     h.db = v[4];
     h.dp = v[5];
     h.gh = orNaN(v[6], v[6] < 0);
@@ -372,9 +386,13 @@ RawFile readCustom(const std::vector<std::string_view>& lines, RunLog& log) {
   return f;
 }
 
-// Fills the gaps of one series: up to 6 hours linearly, longer gaps with the
-// same hour of the day before (or after, at the start of the file).
-void fillGaps(std::vector<double>& x) {
+// The longest gap filled, in hours: linearly, as none of the formats' own
+// documentation gives a rule of its own for the hours it leaves missing.
+constexpr std::size_t kMaxGapHours = 6;
+
+// Fills the gaps of one series linearly (a gap at an end takes the nearest
+// value); a longer gap, or a series missing in every hour, stops the run.
+void fillGaps(std::vector<double>& x, const std::vector<RawHour>& hours, const char* what) {
   const std::size_t n = x.size();
   std::size_t i = 0;
   while (i < n) {
@@ -385,20 +403,127 @@ void fillGaps(std::vector<double>& x) {
     std::size_t j = i;
     while (j < n && std::isnan(x[j])) ++j;
     const std::size_t len = j - i;
-    if (len <= 6 && i > 0 && j < n) {
-      for (std::size_t k = i; k < j; ++k)
-        x[k] = x[i - 1] + (x[j] - x[i - 1]) * static_cast<double>(k - i + 1) / static_cast<double>(len + 1);
-    } else {
-      for (std::size_t k = i; k < j; ++k) {
-        if (k >= 24 && !std::isnan(x[k - 24])) x[k] = x[k - 24];
-        else if (k + 24 < n && !std::isnan(x[k + 24])) x[k] = x[k + 24];
-        else if (i > 0) x[k] = x[i - 1];
-        else if (j < n) x[k] = x[j];
-        else x[k] = 0.0;
-      }
+    if (len == n)
+      throw RunFailure(ExitCode::BadWeather, kWhere, std::string("the ") + what + " is missing in every record");
+    if (len > kMaxGapHours)
+      throw RunFailure(ExitCode::BadWeather, where(hours[i].line),
+                       std::string("the ") + what + " is missing for " + std::to_string(len) +
+                           " hours from this record on; gaps of up to " + std::to_string(kMaxGapHours) +
+                           " hours are filled");
+    for (std::size_t k = i; k < j; ++k) {
+      if (i == 0) x[k] = x[j];
+      else if (j == n) x[k] = x[i - 1];
+      else x[k] = x[i - 1] + (x[j] - x[i - 1]) * static_cast<double>(k - i + 1) / static_cast<double>(len + 1);
     }
     i = j;
   }
+}
+
+// Physical ranges of the values read, I-P, once the format's missing-value
+// codes are taken out: anything outside is a misread file or a bad record.
+// Radiation allows for the files' own excursions above the solar constant
+// (433 Btu/ft2 in an hour); a file read at kJ where it has Wh is far above.
+struct ValueRange {
+  double RawHour::*member;
+  const char* name;
+  double lo, hi;
+  const char* unit;
+};
+constexpr ValueRange kValueRanges[] = {
+    {&RawHour::db, "dry bulb", -130, 140, "F"},
+    {&RawHour::dp, "dew point", -130, 100, "F"},
+    {&RawHour::gh, "global horizontal radiation", 0, 600, "Btu/ft2"},
+    {&RawHour::dn, "direct normal radiation", 0, 600, "Btu/ft2"},
+    {&RawHour::dh, "diffuse horizontal radiation", 0, 600, "Btu/ft2"},
+    {&RawHour::wind, "wind speed", 0, 200, "mph"},
+    {&RawHour::p, "pressure", 10, 33, "in Hg"},
+    {&RawHour::ir, "sky long-wave radiation", 0, 250, "Btu/h.ft2"},
+};
+
+void checkRanges(const std::vector<RawHour>& hours) {
+  for (const RawHour& h : hours)
+    for (const ValueRange& r : kValueRanges) {
+      const double v = h.*r.member;
+      if (std::isnan(v) || (v >= r.lo && v <= r.hi)) continue;
+      const double shown = std::isfinite(v) ? std::round(v * 10.0) / 10.0 : v;
+      throw RunFailure(ExitCode::BadInput, where(h.line),
+                       std::string("the ") + r.name + ", " +
+                           (std::isfinite(v) ? marloven::bare(shown) : std::string("not a finite number")) + " " +
+                           r.unit + ", is outside " + marloven::bare(r.lo) + " to " + marloven::bare(r.hi) + " " +
+                           r.unit);
+    }
+}
+
+// Whether the records of a file have the month, day and hour of a fixed-column
+// layout where they belong: the first day of records checked.
+bool fixedColumnsFit(const std::vector<std::string_view>& lines, std::size_t firstLine, std::size_t minLength,
+                     std::size_t monthCol) {
+  int seen = 0;
+  for (std::size_t i = firstLine; i < lines.size() && seen < 24; ++i) {
+    if (lines[i].size() < minLength) continue;
+    const double m = field(lines[i], monthCol, 2), d = field(lines[i], monthCol + 2, 2),
+                 h = field(lines[i], monthCol + 4, 2);
+    if (!(m >= 1 && m <= 12 && d >= 1 && d <= 31 && h >= 0 && h <= 24)) return false;
+    ++seen;
+  }
+  return seen > 0;
+}
+
+bool customFits(const std::vector<std::string_view>& lines) {
+  int seen = 0;
+  for (std::size_t i = 0; i < lines.size() && seen < 24; ++i) {
+    const std::string_view l = lines[i];
+    const std::size_t first = l.find_first_not_of(" \t");
+    if (first == std::string_view::npos) continue;
+    if (!(l[first] >= '0' && l[first] <= '9') && l[first] != '-' && l[first] != '.') continue;
+    std::vector<double> v;
+    for (std::size_t pos = 0; (pos = l.find_first_not_of(" \t,", pos)) != std::string_view::npos;) {
+      const std::size_t end = std::min(l.size(), l.find_first_of(" \t,", pos));
+      v.push_back(marloven::leadingNumber(l.substr(pos, end - pos)));
+      pos = end;
+    }
+    if (v.size() < 10 || !(v[1] >= 1 && v[1] <= 12 && v[2] >= 1 && v[2] <= 31 && v[3] >= 0 && v[3] <= 24)) return false;
+    ++seen;
+  }
+  return seen > 0;
+}
+
+const char* formatName(WeatherFormat f) {
+  switch (f) {
+    case WeatherFormat::Tmy2: return "TMY2";
+    case WeatherFormat::Wyec2: return "WYEC2";
+    case WeatherFormat::Custom: return "CUSTOM";
+    case WeatherFormat::Epw: return "IWEC (EPW)";
+    case WeatherFormat::Tmy3: return "TMY3 CSV";
+    case WeatherFormat::Simulated: break;
+  }
+  return "";
+}
+
+bool fits(const std::vector<std::string_view>& lines, WeatherFormat f) {
+  switch (f) {
+    case WeatherFormat::Tmy2: return fixedColumnsFit(lines, 1, 98, 4);
+    case WeatherFormat::Wyec2: return fixedColumnsFit(lines, 0, 107, 9);
+    case WeatherFormat::Custom: return customFits(lines);
+    case WeatherFormat::Epw: return !lines.empty() && lines[0].rfind("LOCATION,", 0) == 0;
+    default: return true;
+  }
+}
+
+// Refuses a file whose records are not laid out as the declared format's,
+// naming the layout they have, so a file is never read at the wrong columns.
+void checkLayout(const std::vector<std::string_view>& lines, WeatherFormat declared) {
+  if (fits(lines, declared)) return;
+  std::string looks;
+  if (fits(lines, WeatherFormat::Tmy2)) looks = "TMY2";
+  else if (fits(lines, WeatherFormat::Wyec2)) looks = "WYEC2";
+  // The first TMY layout (month, day and hour from column 8), which no control code reads.
+  else if (fixedColumnsFit(lines, 0, 100, 8)) looks = "TMY, the older layout that is not read; convert it to TMY2 or EPW";
+  else if (fits(lines, WeatherFormat::Custom)) looks = "CUSTOM";
+  throw RunFailure(ExitCode::BadInput, kWhere,
+                   std::string("the file is not ") + formatName(declared) + " as the control file says" +
+                       (looks.empty() ? std::string(": its records do not have that format's month, day and hour")
+                                      : "; it looks like " + looks));
 }
 
 // Erbs, Klein & Duffie hourly diffuse fraction.
@@ -411,6 +536,7 @@ double erbsHourly(double kt) {
 }  // namespace
 
 WeatherFormat detectFormat(std::string_view bytes, WeatherFormat declared) {
+  if (bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
   const std::size_t e1 = bytes.find_first_of("\r\n");
   const std::string_view first = bytes.substr(0, e1);
   if (first.rfind("LOCATION,", 0) == 0) return WeatherFormat::Epw;
@@ -428,16 +554,18 @@ WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int yea
   if (format != declared)
     log.warning(kWhere, "the file's content shows a different format than the control file names; read by its content");
   const std::vector<std::string_view> lines = lineViews(bytes);
+  if (format == declared) checkLayout(lines, declared);
   RawFile raw;
-  const char* name = "";
+  const char* name = formatName(format);
   switch (format) {
-    case WeatherFormat::Tmy2: raw = readTmy2(lines); name = "TMY2"; break;
-    case WeatherFormat::Wyec2: raw = readWyec2(lines); name = "WYEC2"; break;
-    case WeatherFormat::Custom: raw = readCustom(lines, log); name = "CUSTOM"; break;
-    case WeatherFormat::Epw: raw = readEpw(lines, log); name = "IWEC (EPW)"; break;
-    case WeatherFormat::Tmy3: raw = readTmy3(lines); name = "TMY3 CSV"; break;
+    case WeatherFormat::Tmy2: raw = readTmy2(lines); break;
+    case WeatherFormat::Wyec2: raw = readWyec2(lines); break;
+    case WeatherFormat::Custom: raw = readCustom(lines, log); break;
+    case WeatherFormat::Epw: raw = readEpw(lines, log); break;
+    case WeatherFormat::Tmy3: raw = readTmy3(lines); break;
     case WeatherFormat::Simulated: break;
   }
+  checkRanges(raw.hours);
 
   const bool leap = isLeapYear(year);
   const std::size_t need = leap ? 8784 : 8760;
@@ -494,7 +622,10 @@ WeatherYear readRecorded(std::string_view bytes, WeatherFormat declared, int yea
   const double pSite = pressureAtElevation(wy.site.elevation);
   for (double& v : p)
     if (std::isnan(v)) v = pSite;
-  for (auto* x : {&db, &dp, &gh, &wind}) fillGaps(*x);
+  fillGaps(db, hours, "dry bulb");
+  fillGaps(dp, hours, "dew point");
+  fillGaps(gh, hours, "global horizontal radiation");
+  fillGaps(wind, hours, "wind speed");
 
   wy.hours.resize(need);
   const double lat = wy.site.latitude * kDeg;

@@ -1,5 +1,6 @@
 #include "project/project_reader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -53,31 +54,41 @@ void resetForRead(Project& p) {
   for (int i = 1; i <= 3; ++i) p.designTemps.values[i].clear();
 }
 
-void readTypes(LineReader& in, std::array<CatalogType, kMaxTypeId + 1>& table) {
+// The types of one kind; true when the reader's limit ended the loop rather
+// than the "9999" line.
+bool readTypes(LineReader& in, std::array<CatalogType, kMaxTypeId + 1>& table) {
   for (int n = 1; n <= kTypesInFile; ++n) {
     const std::string line = in.next();
-    if (line == "9999") return;
+    if (line == "9999") return false;
     const std::string id = valueOf(line);
     CatalogType& t = table[tableIndex(leadingNumber(id), kMaxTypeId, line)];
     t.fields[0] = id;
     for (int f = 1; f < 7; ++f) t.fields[f] = valueOf(in.next());
   }
+  return true;
 }
 
-// Profiles; returns true when "ZONES" was met inside the kinds.
-bool readProfiles(LineReader& in, ProfileLibrary& lib) {
+// Profiles; returns true when "ZONES" was met inside the kinds. A kind before
+// "Temp" that fills its limit shifts the kinds after it (Temp's own end is
+// found by the search for "ZONES"): noted in notRead.
+bool readProfiles(LineReader& in, ProfileLibrary& lib, std::vector<std::string>& notRead) {
   for (int k = 1; k <= kProfileKinds; ++k) {
     const int limit = k == static_cast<int>(ProfileKind::Temp) ? kTempProfilesInFile : kMaxProfiles;
+    bool full = true;
     for (int n = 1; n <= limit; ++n) {
       const std::string line = in.next();
       if (line == "99") {
         if (in.next() == "ZONES") return true;
+        full = false;
         break;  // that line was the next kind's name
       }
       Profile& entry = lib.kinds[k][tableIndex(leadingNumber(line), kMaxProfiles, line)];
       entry.id = line;
       entry.values = in.next();
     }
+    if (full && k < static_cast<int>(ProfileKind::Temp))
+      notRead.push_back(std::string(kProfileKindNames[k]) + " holds " + std::to_string(limit) +
+                        " profiles, the most the reader takes: the profile kinds after it were not read as written");
   }
   return false;
 }
@@ -149,7 +160,8 @@ ZoneScratchFile readZone(LineReader& in, const std::string& firstLine, ZoneRecor
 
 void readHeader(std::string_view line, Project& p) {
   p.seed = std::string(midText(line, 11, 10));
-  p.weeksPerMonth = static_cast<std::int16_t>(leadingNumber(midText(line, 21, 3)));
+  // Clamped first: a conversion out of the integer's range is undefined.
+  p.weeksPerMonth = static_cast<std::int16_t>(std::clamp(leadingNumber(midText(line, 21, 3)), -32768.0, 32767.0));
 }
 
 ReadSideFiles readProject(std::string_view bytes, Project& p) {
@@ -200,13 +212,17 @@ ReadSideFiles readProject(std::string_view bytes, Project& p) {
     in.next();  // "WALL AND ROOF PROPERTIES"
   }
 
-  readTypes(in, p.walls);
+  const auto typesAtLimit = [&](const char* kind) {
+    side.notRead.push_back(std::to_string(kTypesInFile) + " " + kind +
+                           " types, the most the reader takes: the lines after them were not read as written");
+  };
+  if (readTypes(in, p.walls)) typesAtLimit("wall and roof");
   in.next();  // "WINDOW PROPERTIES"
-  readTypes(in, p.windows);
+  if (readTypes(in, p.windows)) typesAtLimit("window");
 
   in.next();  // "PROFILES"
   in.next();  // "Occ"
-  if (!readProfiles(in, p.profiles))
+  if (!readProfiles(in, p.profiles, side.notRead))
     while (in.next() != "ZONES") {
     }
 
@@ -221,6 +237,15 @@ ReadSideFiles readProject(std::string_view bytes, Project& p) {
   p.zoneCount = static_cast<std::int16_t>(z - 1);
 
   side.sketchLines = in.rest();
+  if (z > kMaxZones) {
+    // The reader stops at its limit; further zones stay in the sketch's lines.
+    const auto more = std::count_if(side.sketchLines.begin(), side.sketchLines.end(),
+                                    [](const std::string& l) { return l.rfind("Zone No.  ", 0) == 0; });
+    if (more > 0)
+      side.notRead.push_back(std::to_string(more) + (more == 1 ? " zone" : " zones") + " after the " +
+                             std::to_string(kMaxZones) + "th not read: a project holds at most " +
+                             std::to_string(kMaxZones) + " zones");
+  }
   return side;
 }
 
@@ -232,12 +257,17 @@ void writeSideFiles(const std::string& installDir, const ReadSideFiles& files) {
   writeFileAtomic(joinPath(installDir, "sketch/bld_mtx.all"), sketch);
 }
 
-void loadProjectFile(const std::string& installDir, const std::string& path, Project& p) {
+std::vector<std::string> loadProjectFileNoting(const std::string& installDir, const std::string& path, Project& p) {
   const std::string bytes = readFile(path);
   Project next = p;
   const ReadSideFiles side = readProject(bytes, next);
   writeSideFiles(installDir, side);
   p = std::move(next);
+  return side.notRead;
+}
+
+void loadProjectFile(const std::string& installDir, const std::string& path, Project& p) {
+  loadProjectFileNoting(installDir, path, p);
 }
 
 }  // namespace marloven

@@ -28,6 +28,9 @@ struct ZoneScratchFile {
 struct ReadSideFiles {
   std::vector<ZoneScratchFile> zoneFiles;  // in zone order; a later one of the same name wins
   std::vector<std::string> sketchLines;    // the whole of sketch/bld_mtx.all
+  // What the file holds beyond the reader's limits and was not read, one
+  // sentence each, for the command line and the program to say.
+  std::vector<std::string> notRead;
 };
 
 // Parses a whole project file into p, setting the flags a read sets. Raises
@@ -46,5 +49,7 @@ void writeSideFiles(const std::string& installDir, const ReadSideFiles& files);
 // Reads a project file from disk into p with its side files written in the
 // installation. p changes only when the whole file was read.
 void loadProjectFile(const std::string& installDir, const std::string& path, Project& p);
+// The same, returning what was not read (ReadSideFiles::notRead).
+std::vector<std::string> loadProjectFileNoting(const std::string& installDir, const std::string& path, Project& p);
 
 }  // namespace marloven

@@ -6,6 +6,7 @@
 #include <exception>
 
 #include "common/column_printer.h"
+#include "common/error_report.h"
 #include "common/file_error.h"
 #include "common/file_io.h"
 #include "common/number_text.h"
@@ -387,17 +388,26 @@ Extraction computeExtraction(const SketchMatrix& m, const std::vector<std::strin
 
 ExtractOutcome extractZones(const SketchMatrix& m, const std::string& installDir, Project& p, Prompt& prompt) {
   if (m.levelCount <= 0) return ExtractOutcome::NoLevels;
+  bool writing = false;
   try {
     std::vector<std::string> levels;
     for (int level = 1; level <= m.levelCount; ++level) levels.push_back(readFile(levelFilePath(installDir, level)));
     const Extraction x = computeExtraction(m, levels, p.units);
     const std::string temp = joinPath(installDir, "temp");
+    writing = true;
     for (const ZoneScratchFile& f : x.zoneFiles) writeFileAtomic(joinPath(temp, f.name), f.text);
     writeFileAtomic(joinPath(temp, "zname.tmp"), x.zoneNames);
     writeFileAtomic(joinPath(temp, "zarea.tmp"), x.zoneAreas);
     applyToModel(x, m, p);
     rebuildWholeFile(m, installDir);
     return ExtractOutcome::Done;
+  } catch (const FileError& e) {
+    // A full or failing disk while the results are written is that fault,
+    // under its own number, not a drawing error.
+    if (writing) {
+      reportError(prompt, e);
+      return ExtractOutcome::Failed;
+    }
   } catch (const std::exception&) {
     // The pass's one handler: nothing of it travels further.
   }

@@ -38,7 +38,39 @@ constexpr double kMetresPerSecondToMph = 1.0 / 0.44704;
 
 // Missing-value codes of the layout: 99.9 for temperatures, 9999 for
 // radiation, 999 for wind.
-bool validTemperature(double c) { return c < 99.9 && c > -90.0; }
+// 99.9 marks a missing temperature (999 and 9999 in some files); anything else
+// outside the range of the earth's air is a broken record, not a value.
+constexpr double kLowestC = -90.0, kHighestC = 70.0;
+bool missingTemperature(double c) { return c == 99.9 || c == 999.0 || c == 9999.0; }
+bool validTemperature(double c) { return !missingTemperature(c); }
+
+// A number of the file that must be finite; blank or text is 0, as before.
+double finiteField(std::string_view text, std::size_t line, const char* what) {
+  const NumberText n = readNumberText(text);
+  if (n.kind == NumberText::NotFinite)
+    throw WeatherImportError("line " + std::to_string(line) + ": the " + what + " \"" + trimmed(text) +
+                             "\" is not a finite number");
+  return n.kind == NumberText::Number ? n.value : 0.0;
+}
+
+double temperatureField(std::string_view text, std::size_t line, const char* what) {
+  const double c = finiteField(text, line, what);
+  if (!missingTemperature(c) && (c < kLowestC || c > kHighestC))
+    throw WeatherImportError("line " + std::to_string(line) + ": the " + what + " " + trimmed(text) +
+                             " C is impossible; it must be " + bare(kLowestC) + " to " + bare(kHighestC) +
+                             " C, or 99.9 when missing");
+  return c;
+}
+
+double siteField(std::string_view text, const char* what, double lo, double hi, const char* unit) {
+  const NumberText n = readNumberText(text);
+  if (n.kind == NumberText::NotFinite || n.kind == NumberText::NotANumber)
+    throw WeatherImportError(std::string("the LOCATION line's ") + what + " \"" + trimmed(text) + "\" is not a number");
+  if (n.value < lo || n.value > hi)
+    throw WeatherImportError(std::string("the LOCATION line's ") + what + " " + trimmed(text) + " is outside " +
+                             bare(lo) + " to " + bare(hi) + " " + unit);
+  return n.value;
+}
 bool validRadiation(double v) { return v >= 0.0 && v < 9999.0; }
 bool validWind(double v) { return v >= 0.0 && v < 999.0; }
 
@@ -98,7 +130,8 @@ EpwStatistics readEpw(std::string_view bytes) {
   if (loc.size() < 10) throw WeatherImportError("the LOCATION line has fewer than 10 fields");
   EpwStatistics s;
   s.site = {trimmed(loc[1]), trimmed(loc[2]), trimmed(loc[3]), trimmed(loc[4]), trimmed(loc[5]),
-            leadingNumber(loc[6]), leadingNumber(loc[7]), leadingNumber(loc[8]), leadingNumber(loc[9])};
+            siteField(loc[6], "latitude", -90, 90, "degrees"), siteField(loc[7], "longitude", -180, 180, "degrees"),
+            siteField(loc[8], "time zone", -12, 14, "hours"), siteField(loc[9], "elevation", -500, 9000, "m")};
 
   std::size_t first = 8;
   for (std::size_t i = 1; i < lines.size() && i < 12; ++i)
@@ -114,11 +147,13 @@ EpwStatistics readEpw(std::string_view bytes) {
     if (f.size() < 22)
       throw WeatherImportError("line " + std::to_string(i + 1) + " has " + std::to_string(f.size()) +
                                " fields; an hourly record has at least 22");
-    const int month = static_cast<int>(leadingNumber(f[1]));
-    const int day = static_cast<int>(leadingNumber(f[2]));
+    // Through a range first: a conversion out of the integer's range is undefined.
+    const double monthValue = leadingNumber(f[1]), dayValue = leadingNumber(f[2]);
+    const int month = monthValue >= 1 && monthValue < 13 ? static_cast<int>(monthValue) : 0;
+    const int day = dayValue >= 1 && dayValue < 32 ? static_cast<int>(dayValue) : 0;
     if (month < 1 || month > 12 || day < 1 || day > 31)
-      throw WeatherImportError("line " + std::to_string(i + 1) + ": month " + std::to_string(month) + ", day " +
-                               std::to_string(day) + " is not a date");
+      throw WeatherImportError("line " + std::to_string(i + 1) + ": month " + trimmed(f[1]) + ", day " + trimmed(f[2]) +
+                               " is not a date");
     if (month != lastMonth || day != lastDay) {
       days.push_back(Day{});
       days.back().month = month;
@@ -128,8 +163,9 @@ EpwStatistics readEpw(std::string_view bytes) {
     Day& d = days.back();
     const std::size_t m = static_cast<std::size_t>(month - 1);
     ++d.hours;
-    const double db = leadingNumber(f[6]), dp = leadingNumber(f[7]);
-    const double ghi = leadingNumber(f[13]), ws = leadingNumber(f[21]);
+    const double db = temperatureField(f[6], i + 1, "dry bulb"), dp = temperatureField(f[7], i + 1, "dew point");
+    const double ghi = finiteField(f[13], i + 1, "global horizontal radiation"),
+                 ws = finiteField(f[21], i + 1, "wind speed");
     if (validTemperature(db)) {
       const double t = cToF(db);
       dryBulb[m].add(t);
@@ -238,7 +274,12 @@ bool importWeatherRecord(const std::string& path, const EpwStatistics& s, const 
                          const std::string& city, WeatherFields& fields, int& record) {
   fields = fieldsFromEpw(s, group.empty() ? defaultWeatherGroup(s.site) : group,
                          city.empty() ? s.site.city : city);
-  if (findLocation(readRecordHeadsFile(path), fields.city, fields.state)) return false;
+  const std::vector<WeatherRecordHead> heads = readRecordHeadsFile(path);
+  // The reader stops at its record limit: a record behind it could never be found.
+  if (heads.size() >= static_cast<std::size_t>(kMaxWeatherRecords))
+    throw WeatherImportError("the weather database is full: it holds " + std::to_string(kMaxWeatherRecords) +
+                             " places, the most it can read; delete one before adding another");
+  if (findLocation(heads, fields.city, fields.state)) return false;
   saveAsNew(path, fields, UnitSystem::IP, true, &record);
   return true;
 }

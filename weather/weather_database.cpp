@@ -29,7 +29,8 @@ struct LineIndex {
 
 LineIndex indexLines(std::string_view text) {
   LineIndex idx;
-  std::size_t i = 0;
+  // A byte-order mark an editor put in front is no part of the first code.
+  std::size_t i = text.substr(0, 3) == "\xEF\xBB\xBF" ? 3 : 0;
   const std::size_t n = text.size();
   while (i < n) {
     idx.start.push_back(i);
@@ -340,6 +341,9 @@ WeatherMessage saveMessage(SaveOutcome outcome) {
     case SaveOutcome::NotFound:
       return {"State or city name not found",
               "The current database does not include the state or city name you enter.  Save the data As New."};
+    case SaveOutcome::Full:
+      return {"Weather database full",
+              "The weather database holds 3000 places, the most it can read.  Delete a place before saving a new one."};
     case SaveOutcome::Saved:
       break;
   }
@@ -352,6 +356,7 @@ SaveOutcome saveAsNew(const std::string& path, const WeatherFields& f, UnitSyste
   const std::string bytes = readIfExists(path);
   const LineIndex idx = indexLines(bytes);
   const std::size_t total = recordCount(idx);
+  if (total >= static_cast<std::size_t>(kMaxWeatherRecords)) return SaveOutcome::Full;
   const std::vector<WeatherRecordHead> heads = readRecordHeads(bytes);
   for (const WeatherGroup& g : listGroups(heads)) {
     if (g.state != f.state) continue;

@@ -132,7 +132,7 @@ std::optional<WeatherFields> loadRecordFile(const std::string& path, std::string
 std::string formatRecord(const WeatherFields& f, UnitSystem units, bool newGroup, std::string_view code = {});
 
 // What a save did; the screen shows message(outcome) unless it is Saved.
-enum class SaveOutcome { Saved, NothingEdited, NotFound };
+enum class SaveOutcome { Saved, NothingEdited, NotFound, Full };
 struct WeatherMessage {
   std::string_view title;
   std::string_view text;
@@ -141,7 +141,9 @@ WeatherMessage saveMessage(SaveOutcome outcome);
 
 // Save As New: behind the last record of the group whose state is f.state, or
 // appended as a new group marked "!". The database is replaced whole or, on a
-// failure, not at all. Returns the new record's number.
+// failure, not at all. Returns the new record's number. Full, and nothing
+// written, when the database holds kMaxWeatherRecords places: the reader would
+// never see a record behind them.
 SaveOutcome saveAsNew(const std::string& path, const WeatherFields& f, UnitSystem units, bool edited,
                       int* recordNumber = nullptr);
 // Save As Update: replaces record f.record, when a record of f.city and f.state

@@ -38,6 +38,27 @@ TEST(Check, ABadProjectLeavesNoNewRunCopy) {
   EXPECT_EQ(runCli({"--install", inst.dir(), "inp", "check"}).status, 2);
 }
 
+TEST(Check, SaysWhichZonesBeyondTheLimitWereNotRead) {
+  // The fixture's zone "12" repeated to 100 zones.
+  auto lines = fixtureLines("full_project.inp");
+  const int a = indexOf(lines, "Zone No.  12"), b = indexOf(lines, "9999", a);
+  const int zones = indexOf(lines, "ZONES"), matrix = indexOf(lines, "BUILDING MATRIX");
+  std::vector<std::string> body;
+  for (int i = 1; i <= 100; ++i) {
+    body.push_back("Zone No.  " + std::to_string(100 + i));
+    body.insert(body.end(), lines.begin() + a + 1, lines.begin() + b + 1);
+  }
+  lines.erase(lines.begin() + zones + 1, lines.begin() + matrix);
+  lines.insert(lines.begin() + zones + 1, body.begin(), body.end());
+  TempInstall inst;
+  inst.write("many.inp", joinCrlf(lines));
+  const Result r = runCli({"--install", inst.dir(), "inp", "check", inst.path("many.inp").string()});
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_EQ(r.err, "warning: " + inst.path("many.inp").string() +
+                       ": 1 zone after the 99th not read: a project holds at most 99 zones\n");
+  EXPECT_NE(r.out.find("99 zones"), std::string::npos) << r.out;
+}
+
 TEST(ReportFront, WritesTheFrontPartAsARunWould) {
   TempInstall inst;
   inst.write("btype/tcool.dat", "HVAC TABLE\r\n");

@@ -1,10 +1,19 @@
 // marloven-cli run-engine: the real engine program on a scratch directory.
 #include <gtest/gtest.h>
 
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <random>
+#include <string>
+#include <thread>
 
+#include "cli/engine_commands.h"
 #include "common/file_io.h"
 #include "run_cli.h"
 
@@ -66,3 +75,46 @@ TEST_F(EngineDir, FailuresNameTheCause) {
 }
 
 }  // namespace
+
+namespace {
+// Gone, or a zombie waiting for whoever adopted it.
+bool processEnded(pid_t pid) {
+  std::ifstream stat("/proc/" + std::to_string(pid) + "/stat");
+  std::string text;
+  if (!std::getline(stat, text)) return true;
+  const std::size_t close = text.rfind(')');
+  return close != std::string::npos && close + 2 < text.size() && text[close + 2] == 'Z';
+}
+}  // namespace
+
+TEST_F(EngineDir, AnEngineEndsWithTheCommandThatStartedIt) {
+  // An engine that would run for a minute, telling its process id.
+  const fs::path engine = dir_ / "slow-engine";
+  marloven::writeFileAtomic(engine.string(), "#!/bin/sh\necho $$ > engine.pid\nexec sleep 60\n");
+  fs::permissions(engine, fs::perms::owner_all);
+  const pid_t command = fork();
+  ASSERT_GE(command, 0);
+  if (command == 0) {
+    std::string why;
+    marloven::cli::spawnEngine(dir_.string(), engine.string(), why);
+    _exit(0);
+  }
+  const fs::path pidFile = dir_ / "engine.pid";
+  std::string pidText;
+  for (int i = 0; i < 500 && pidText.empty(); ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    if (fs::exists(pidFile)) pidText = marloven::readFile(pidFile.string());
+  }
+  ASSERT_FALSE(pidText.empty()) << "the engine did not start";
+  const pid_t enginePid = static_cast<pid_t>(std::stol(pidText));
+  kill(command, SIGTERM);  // as an interrupt or kill would end the command
+  int status = 0;
+  waitpid(command, &status, 0);
+  bool ended = false;
+  for (int i = 0; i < 300 && !ended; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    ended = processEnded(enginePid);
+  }
+  if (!ended) kill(enginePid, SIGKILL);
+  EXPECT_TRUE(ended) << "the engine outlived its command";
+}

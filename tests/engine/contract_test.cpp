@@ -216,7 +216,9 @@ TEST(StandardCases, AgainstTheReferencePrograms) {
     check(c.file, "peak heating", -hvac.peakHeating.load.total * kWh, c.peakHeat);
     check(c.file, "peak cooling", sensible(hvac.peakCooling.load) * kWh, c.peakCool);
 
-    const ZoneTemperatures& t = standardCase(c.file, weather, true).zones.at(0).temps;
+    // The result is kept: a reference into a temporary would dangle.
+    const auto freeFloat = standardCase(c.file, weather, true);
+    const ZoneTemperatures& t = freeFloat.zones.at(0).temps;
     auto celsius = [](double f) { return (f - 32.0) / 1.8; };
     check(c.file, "minimum", celsius(t.allMin), c.tMin);
     check(c.file, "maximum", celsius(t.allMax), c.tMax);

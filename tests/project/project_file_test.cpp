@@ -174,11 +174,19 @@ TEST(ProjectFile, TwentyFiveTypesReadBackButTwentySixDoNot) {
   for (int n : {25, 26}) {
     const auto lines = replaceBetween(base, "WALL AND ROOF PROPERTIES", "WINDOW PROPERTIES", wallRecords(n));
     Project p;
+    ReadSideFiles side;
     try {
-      readProject(joinCrlf(lines), p);
+      side = readProject(joinCrlf(lines), p);
     } catch (const FileError&) {
       EXPECT_EQ(n, 26) << "25 types must load";
       continue;
+    }
+    if (n == 25) {
+      EXPECT_TRUE(side.notRead.empty());
+    } else {
+      ASSERT_FALSE(side.notRead.empty());
+      EXPECT_EQ(side.notRead[0],
+                "26 wall and roof types, the most the reader takes: the lines after them were not read as written");
     }
     const bool windowsIntact = p.windows[1].fields[1] == "Double, low-e, aluminium frame" &&
                                p.windows[3].fields[1] == "Skylight, double, clear" && p.windows[0].id().empty();
@@ -198,7 +206,11 @@ TEST(ProjectFile, AProfileKindAtItsLimitShiftsTheKindsAfterIt) {
   for (int i = 1; i <= 50; ++i) occ.insert(occ.end(), {std::to_string(i), " 1" + std::to_string(i)});
   occ.push_back("99");
   auto lines = replaceBetween(fixtureLines("full_project.inp"), "Occ", "HW", occ);
-  Project p = readFresh(joinCrlf(lines));
+  ReadSideFiles side;
+  Project p = readFresh(joinCrlf(lines), &side);
+  ASSERT_EQ(side.notRead.size(), 1u);
+  EXPECT_EQ(side.notRead[0],
+            "Occ holds 50 profiles, the most the reader takes: the profile kinds after it were not read as written");
 
   EXPECT_EQ(p.profiles.of(ProfileKind::Occ)[50].values, " 150");
   // HW met Occ's "99" and ended at once; each kind then read the one before it.
@@ -214,7 +226,9 @@ TEST(ProjectFile, AProfileKindAtItsLimitShiftsTheKindsAfterIt) {
   for (int i = 1; i <= 12; ++i) temp.insert(temp.end(), {std::to_string(i), " 7" + std::to_string(i % 10)});
   temp.push_back("99");
   auto twelve = replaceBetween(fixtureLines("full_project.inp"), "Temp", "ZONES", temp);
-  Project q = readFresh(joinCrlf(twelve));
+  ReadSideFiles sideQ;
+  Project q = readFresh(joinCrlf(twelve), &sideQ);
+  EXPECT_TRUE(sideQ.notRead.empty());
   EXPECT_EQ(q.profiles.of(ProfileKind::Temp)[12].values, " 72");
   EXPECT_EQ(q.zoneCount, 3);
 }
@@ -229,6 +243,22 @@ TEST(ProjectFile, NinetyNineZonesLeaveTheMatrixLineInTheSketch) {
     EXPECT_EQ(p.zones[n].listedId, std::to_string(100 + n));
     EXPECT_EQ(side.zoneFiles.size(), static_cast<std::size_t>(n));
     EXPECT_EQ(side.sketchLines.front(), n == 99 ? "BUILDING MATRIX" : "Grid Size   : 2") << n;
+  }
+}
+
+TEST(ProjectFile, ZonesBeyondTheLimitAreNotReadAndSaidSo) {
+  const auto base = fixtureLines("full_project.inp");
+  for (int n : {99, 101}) {
+    const auto lines = replaceBetween(base, "ZONES", "BUILDING MATRIX", zoneRecords(n));
+    ReadSideFiles side;
+    Project p = readFresh(joinCrlf(lines), &side);
+    EXPECT_EQ(p.zoneCount, 99);
+    if (n == 99) {
+      EXPECT_TRUE(side.notRead.empty());
+    } else {
+      ASSERT_EQ(side.notRead.size(), 1u);
+      EXPECT_EQ(side.notRead[0], "2 zones after the 99th not read: a project holds at most 99 zones");
+    }
   }
 }
 

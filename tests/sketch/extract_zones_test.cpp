@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 #include <algorithm>
+#include <csignal>
 
 #include "common/file_error.h"
+#include "common/file_io.h"
 #include "project/zone_scratch.h"
 #include "sketch_test_util.h"
 #include "support/fake_prompt.h"
@@ -323,6 +327,39 @@ TEST(ExtractZones, DamagedLevelShowsTheHandlersMessageAndChangesNothing) {
     EXPECT_FALSE(inst.exists("temp/temp11.zon"));
     EXPECT_EQ(inst.read("sketch/bld_mtx.all"), "old sketch\r\n");
   }
+}
+
+TEST(ExtractZones, AFullDiskIsReportedAsAFullDiskNotAsADrawingError) {
+  TempInstall inst;
+  Building b;
+  b.level(Plan().cell(30, 40, 1));
+  b.save(inst.dir());
+  Project p;
+  FakePrompt prompt;
+  // The file-size limit stands in for a full disk: every write past 16 bytes fails.
+  rlimit old{};
+  getrlimit(RLIMIT_FSIZE, &old);
+  rlimit small = old;
+  small.rlim_cur = 16;
+  void (*oldHandler)(int) = signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  const ExtractOutcome outcome = extractZones(b.m, inst.dir(), p, prompt);
+  setrlimit(RLIMIT_FSIZE, &old);
+  signal(SIGXFSZ, oldHandler);
+  EXPECT_EQ(outcome, ExtractOutcome::Failed);
+  ASSERT_EQ(prompt.log.size(), 1u);
+  EXPECT_EQ(prompt.log[0].title, "Marloven Error #  61");
+  EXPECT_EQ(prompt.log[0].text, "Disk is full.  Save to another disk.");
+  try {
+    setrlimit(RLIMIT_FSIZE, &small);
+    signal(SIGXFSZ, SIG_IGN);
+    writeFileAtomic(inst.path("big.txt").string(), std::string(100, 'x'));
+    ADD_FAILURE() << "a write past the limit succeeded";
+  } catch (const FileError& e) {
+    EXPECT_EQ(e.number(), err::kDiskFull);
+  }
+  setrlimit(RLIMIT_FSIZE, &old);
+  signal(SIGXFSZ, oldHandler);
 }
 
 TEST(ExtractZones, MissingLevelFileAndNoLevels) {

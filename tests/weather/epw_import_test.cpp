@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <cmath>
 #include <filesystem>
 #include <functional>
@@ -136,6 +138,64 @@ TEST(EpwImport, BadFilesSayWhatIsWrong) {
   EXPECT_EQ(message(noJune), "June has no dry bulb temperatures");
   const std::string darkMarch = epw([](int m, int, int h) { return Hour{10, 5, m == 3 && h == 1 ? 9999.0 : 0.0, 3}; });
   EXPECT_EQ(message(darkMarch), "March has no day with global horizontal radiation in every hour");
+}
+
+TEST(EpwImport, ImpossibleAndNonFiniteValuesAreRefused) {
+  const auto message = [](const std::string& bytes) {
+    try {
+      readEpw(bytes);
+    } catch (const WeatherImportError& e) {
+      return std::string(e.what());
+    }
+    return std::string("no error");
+  };
+  const auto mild = [](int, int, int h) { return Hour{10, 5, h == 12 ? 500.0 : 0.0, 3}; };
+  const std::string miami = "LOCATION,Miami Intl Ap,FL,USA,TMY3,722020,";
+  const struct {
+    std::string file;
+    const char* message;
+  } cases[] = {
+      {epw(mild, miami + "125.82,-80.30,-5.0,11.0"), "the LOCATION line's latitude 125.82 is outside -90 to 90 degrees"},
+      {epw(mild, miami + "25.82,nan,-5.0,11.0"), "the LOCATION line's longitude \"nan\" is not a number"},
+      {epw(mild, miami + "25.82,-80.30,-50,11.0"), "the LOCATION line's time zone -50 is outside -12 to 14 hours"},
+      {epw(mild, miami + "25.82,-80.30,-5.0,1e999"), "the LOCATION line's elevation \"1e999\" is not a number"},
+      {epw([](int m, int d, int h) { return Hour{m == 7 && d == 4 && h == 15 ? 700.0 : 10.0, 5, 0, 3}; }),
+       "line 4439: the dry bulb 700 C is impossible; it must be -90 to 70 C, or 99.9 when missing"},
+      {epw([](int m, int, int) { return Hour{10, m == 2 ? -273.0 : 5.0, 0, 3}; }),
+       "line 753: the dew point -273 C is impossible; it must be -90 to 70 C, or 99.9 when missing"},
+      {epw([](int m, int d, int h) { return Hour{10, 5, m == 1 && d == 1 && h == 2 ? HUGE_VAL : 0.0, 3}; }),
+       "line 10: the global horizontal radiation \"inf\" is not a finite number"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(message(c.file), c.message);
+  // A byte-order mark in front of the LOCATION line changes nothing.
+  EXPECT_EQ(readEpw("\xEF\xBB\xBF" + epw(mild)).months[kDryBulbAverage][0], readEpw(epw(mild)).months[kDryBulbAverage][0]);
+}
+
+TEST(EpwImport, AFullDatabaseTakesNoMoreRecords) {
+  const std::filesystem::path dir = std::filesystem::temp_directory_path() / ("epw-full-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(dir);
+  const std::string db = (dir / "weth.asc").string();
+  const EpwStatistics s = readEpw(epw([](int, int, int h) { return Hour{10, 5, h == 12 ? 500.0 : 0.0, 3}; }));
+  WeatherFields fields;
+  int record = 0;
+  ASSERT_TRUE(importWeatherRecord(db, s, "Florida", "Miami", fields, record));
+  const std::string one = readFile(db);
+  std::string full;
+  for (int i = 0; i < kMaxWeatherRecords; ++i) full += one;
+  writeFileAtomic(db, full);
+  try {
+    importWeatherRecord(db, s, "Florida", "Tampa", fields, record);
+    ADD_FAILURE() << "a record was added behind the reader's limit";
+  } catch (const WeatherImportError& e) {
+    EXPECT_EQ(std::string(e.what()),
+              "the weather database is full: it holds 3000 places, the most it can read; delete one before adding another");
+  }
+  EXPECT_EQ(readFile(db), full);  // untouched
+  // One place fewer: the new one goes in as the last the reader reads.
+  writeFileAtomic(db, full.substr(one.size()));
+  EXPECT_TRUE(importWeatherRecord(db, s, "Florida", "Tampa", fields, record));
+  EXPECT_EQ(record, kMaxWeatherRecords);
+  std::filesystem::remove_all(dir);
 }
 
 TEST(EpwImport, DenverRecordedYearLooksLikeDenver) {

@@ -306,8 +306,33 @@ TEST(WeatherDatabase, ReadsWhatOtherEditorsLeaveAndRefusesATruncatedRecord) {
   } catch (const FileError& e) {
     EXPECT_EQ(e.number(), 62);
   }
+  // A byte-order mark in front: the same places, and one more goes in behind them.
+  db.inst.write("weather/weth.asc", "\xEF\xBB\xBF" + db.bytes());
+  ASSERT_EQ(db.heads().size(), 3u);
+  EXPECT_EQ(db.heads()[0].code, readRecordHeads(db.bytes().substr(3))[0].code);
+  EXPECT_EQ(db.heads()[0].city, "Denver");
+  EXPECT_EQ(db.add(place("Austin", "Texas")), 4);
+  EXPECT_EQ(db.bytes().substr(0, 3), "\xEF\xBB\xBF");
+
   // A missing database has no records and no cities.
   EXPECT_TRUE(readRecordHeadsFile(db.inst.path("weather/none.asc").string()).empty());
+}
+
+TEST(WeatherDatabase, AFullDatabaseTakesNoNewPlace) {
+  Database db;
+  db.add(place("Denver", "Colorado"));
+  const std::string one = db.bytes();
+  std::string full;
+  for (int i = 0; i < kMaxWeatherRecords; ++i) full += one;
+  db.inst.write("weather/weth.asc", full);
+  EXPECT_EQ(saveAsNew(db.path, place("Golden", "Colorado"), UnitSystem::IP, true), SaveOutcome::Full);
+  EXPECT_EQ(db.bytes(), full);
+  EXPECT_EQ(saveMessage(SaveOutcome::Full).title, "Weather database full");
+  // An update of a place in it still saves.
+  WeatherFields denver = place("Denver", "Colorado");
+  denver.record = 1;
+  denver.rows[0][0] = "1.5";
+  EXPECT_EQ(saveAsUpdate(db.path, denver, UnitSystem::IP, true), SaveOutcome::Saved);
 }
 
 TEST(WeatherDatabase, ReadsValuesThatFillTheirColumns) {
