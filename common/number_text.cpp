@@ -100,7 +100,6 @@ std::string withoutLeadingBlank(std::string s) {
 
 }  // namespace
 
-namespace {
 std::string_view trimmedBlanks(std::string_view s) {
   while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
   while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.remove_suffix(1);
@@ -113,7 +112,6 @@ bool startsNoCase(std::string_view s, std::string_view word) {
     if ((s[i] | 0x20) != word[i]) return false;
   return true;
 }
-}  // namespace
 
 NumberText readNumberText(std::string_view text) {
   NumberText out;

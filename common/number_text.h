@@ -29,6 +29,11 @@ struct NumberText {
 // Reads the number at the start of text as leadingNumber does ("D" exponents,
 // "+" signs), but tells apart text with no number, an infinity or NaN spelled
 // out, and a number too large for a double (one too small is 0).
+// Without leading and trailing blanks and tabs.
+std::string_view trimmedBlanks(std::string_view s);
+// Whether s starts with word (lower case), in any case.
+bool startsNoCase(std::string_view s, std::string_view word);
+
 NumberText readNumberText(std::string_view text);
 
 // A whole-text number: NotANumber unless nothing but the number (and blanks)

@@ -13,19 +13,6 @@ namespace tarn {
 
 namespace {
 
-std::string_view trimmedView(std::string_view s) {
-  while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.remove_suffix(1);
-  return s;
-}
-
-bool startsNoCase(std::string_view s, std::string_view word) {
-  if (s.size() < word.size()) return false;
-  for (std::size_t i = 0; i < word.size(); ++i)
-    if ((s[i] | 0x20) != word[i]) return false;
-  return true;
-}
-
 struct Range {
   double lo, hi;
   const char* unit;
@@ -101,7 +88,7 @@ void checkValue(std::size_t line, std::string_view field, std::string_view text,
   if (n.kind != NumberText::Number) return;
   if (!(n.value >= r.lo && n.value <= r.hi))
     throw RunFailure(ExitCode::BadInput, where(line),
-                     std::string(field) + " " + std::string(trimmedView(text)) + " is outside " + rangeText(r));
+                     std::string(field) + " " + std::string(marloven::trimmedBlanks(text)) + " is outside " + rangeText(r));
 }
 
 void checkEveryNumber(std::size_t line, std::string_view field, std::string_view text, const Range& r) {
@@ -116,12 +103,12 @@ const Field* findField(const Field (&table)[N], std::string_view line) {
   return nullptr;
 }
 
-std::string fieldName(const char* label) { return std::string(trimmedView(label)); }
+std::string fieldName(const char* label) { return std::string(marloven::trimmedBlanks(label)); }
 
 }  // namespace
 
 std::string notFiniteMessage(std::string_view field, std::string_view text) {
-  return std::string(field) + " \"" + std::string(trimmedView(text)) + "\" is not a finite number";
+  return std::string(field) + " \"" + std::string(marloven::trimmedBlanks(text)) + "\" is not a finite number";
 }
 
 void checkRunCopy(std::string_view bytes) {
@@ -130,17 +117,17 @@ void checkRunCopy(std::string_view bytes) {
 
   // Header: the seed of the weather synthesis and the weeks per month.
   const std::string_view seed = marloven::midText(lines[0], 11, 10);
-  if (!trimmedView(seed).empty()) {
+  if (!marloven::trimmedBlanks(seed).empty()) {
     const NumberText s = strictNumber(seed);
     if (s.kind != NumberText::Number)
-      throw RunFailure(ExitCode::BadInput, where(1), "the seed \"" + std::string(trimmedView(seed)) + "\" is not a number");
+      throw RunFailure(ExitCode::BadInput, where(1), "the seed \"" + std::string(marloven::trimmedBlanks(seed)) + "\" is not a number");
   }
   const std::string_view weeks = marloven::midText(lines[0], 21, 3);
-  if (!trimmedView(weeks).empty()) {
+  if (!marloven::trimmedBlanks(weeks).empty()) {
     const NumberText w = strictNumber(weeks);
     if (w.kind != NumberText::Number || w.value != std::floor(w.value) || std::fabs(w.value) > 99)
       throw RunFailure(ExitCode::BadInput, where(1),
-                       "the weeks per month \"" + std::string(trimmedView(weeks)) + "\" is not a whole number");
+                       "the weeks per month \"" + std::string(marloven::trimmedBlanks(weeks)) + "\" is not a whole number");
   }
 
   Section section = Section::Project;
@@ -149,7 +136,7 @@ void checkRunCopy(std::string_view bytes) {
   for (std::size_t k = 1; k < lines.size(); ++k) {
     const std::string& l = lines[k];
     const std::size_t lineNo = k + 1;
-    const std::string_view t = trimmedView(l);
+    const std::string_view t = marloven::trimmedBlanks(l);
     if (t == "WEATHER") { section = Section::Weather; continue; }
     if (t == "ECONOMICS") { section = Section::Economics; continue; }
     if (t == "WALL AND ROOF PROPERTIES") { section = Section::Walls; continue; }
@@ -166,7 +153,7 @@ void checkRunCopy(std::string_view bytes) {
       case Section::Zones: f = findField(kZoneFields, l); break;
       case Section::Weather: {
         // The station line: latitude, longitude, time zone, elevation.
-        if (k >= 2 && trimmedView(lines[k - 2]) == "WEATHER") {
+        if (k >= 2 && marloven::trimmedBlanks(lines[k - 2]) == "WEATHER") {
           checkValue(lineNo, "Latitude", marloven::midText(l, 56, 6), {-90, 90, "degrees"});
           checkValue(lineNo, "Longitude", marloven::midText(l, 62, 6), {-360, 360, "degrees"});
           checkValue(lineNo, "Time zone", marloven::midText(l, 68, 6), {-360, 360, ""});
@@ -177,7 +164,7 @@ void checkRunCopy(std::string_view bytes) {
         for (const WeatherTable& w : kWeatherTables) {
           const std::size_t len = std::string_view(w.tag).size();
           if (l.compare(0, len, w.tag) == 0) {
-            checkEveryNumber(lineNo, trimmedView(w.tag), std::string_view(l).substr(len), w.range);
+            checkEveryNumber(lineNo, marloven::trimmedBlanks(w.tag), std::string_view(l).substr(len), w.range);
             break;
           }
         }
@@ -200,8 +187,8 @@ void checkRunCopy(std::string_view bytes) {
     }
     if (section == Section::Zones && l.compare(0, 10, "OA CFM    ") == 0) {
       // The kind before the number; a percent above 100 keeps its warning (100 % is used).
-      std::string_view v = trimmedView(marloven::fromColumn(l, 11));
-      if (startsNoCase(v, "cp") || startsNoCase(v, "cs") || startsNoCase(v, "pa")) v.remove_prefix(2);
+      std::string_view v = marloven::trimmedBlanks(marloven::fromColumn(l, 11));
+      if (marloven::startsNoCase(v, "cp") || marloven::startsNoCase(v, "cs") || marloven::startsNoCase(v, "pa")) v.remove_prefix(2);
       checkValue(lineNo, "OA CFM", v, Range{0, 1e6, ""});
       continue;
     }
